@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "diagnostics/return_codes.h"
+
+#include <vector>
+
+#include <velrzm/errors.h>
+
+#include "diagnostics/access_log.h"
+
+namespace velrzm {
+namespace {
+
+struct Message {
+    std::string code;
+    std::string text;
+};
+
+/** The messages must be read before the next call of the server: they are those of its last failed call. */
+std::vector<Message> serverMessages()
+{
+    std::vector<Message> messages;
+    const int size = QV_Error_Size();
+    for (int index = 0; index < size; ++index) {
+        std::string code = orEmpty(QV_Error_MsgCode(index));
+        messages.push_back({std::move(code), orEmpty(QV_Error_MsgTxt(index))});
+    }
+    return messages;
+}
+
+void writeCall(const char* prefix, const ServerCall& call)
+{
+    trace(CallLevel, prefix, " ", call.function, " ", call.detail1, " ", call.detail2, ": QV_RC=", QV_RC);
+    if (QVL_Log_File == nullptr) {
+        return;
+    }
+    BoundedText<512> line{prefix, "- rc(", call.function};
+    if (given(call.detail1)) {
+        line.append("::");
+        line.append(call.detail1);
+        if (given(call.detail2)) {
+            line.append("=");
+            line.append(call.detail2);
+        }
+    }
+    line.append(") = ");
+    line.append(QV_RC);
+    accessLog(line.view());
+}
+
+/** Several messages in a row with one code are one report of the server; its first text stands for all. */
+void reportFailure(const char* prefix, const std::vector<Message>& messages)
+{
+    std::string errorText;
+    const Message* previous = nullptr;
+    for (const Message& message : messages) {
+        if (previous == nullptr || message.code != previous->code) {
+            errorText.append(message.text).append(" ");
+            accessLog(message.code, "-", message.text);
+        }
+        previous = &message;
+    }
+    trace(ConnectionLevel, "****** ", errorText);
+    DisplayError(prefix, errorText.c_str());
+}
+
+} // namespace
+
+void reportReturnCode(const char* prefix, const ServerCall& call)
+{
+    writeCall(prefix, call);
+    if (QV_RC < 0) {
+        reportFailure(prefix, serverMessages());
+    }
+}
+
+void reportRefusal(const char* prefix, const ServerCall& call, const std::string& reason)
+{
+    QV_RC = -1;
+    writeCall(prefix, call);
+    reportFailure(prefix, {{"-1", reason}});
+}
+
+} // namespace velrzm
+
+int Process_QV_RC(char* prefix, char* functionName, char* detail1, char* detail2, int stopFlag)
+{
+    velrzm::reportReturnCode(prefix, {functionName, detail1, detail2});
+    return QV_RC < 0 ? stopFlag : 0;
+}

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// Texts of trace and log lines: the pieces that a line is made of, the line itself, and texts of limited
+// size.
+#ifndef VELRZM_DIAGNOSTICS_TEXT_H
+#define VELRZM_DIAGNOSTICS_TEXT_H
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstddef>
+#include <cstring>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+#include <velrzm/vel_types.h>
+
+namespace velrzm {
+
+/** `text`, or "" for a null pointer. */
+inline const char* orEmpty(const char* text) noexcept
+{
+    return text == nullptr ? "" : text;
+}
+
+/** Whether a text was given: neither null nor empty. */
+inline bool given(const char* text) noexcept
+{
+    return text != nullptr && *text != '\0';
+}
+
+/** One piece of a line: a text, where null counts as empty, or a decimal number. It does not own the text. */
+class Piece {
+public:
+    // NOLINTBEGIN(google-explicit-constructor): lines are written as lists of plain texts and numbers
+    Piece(const char* text) noexcept : text_(orEmpty(text)) {}
+    Piece(std::string_view text) noexcept : text_(text) {}
+    Piece(const std::string& text) noexcept : text_(text) {}
+    Piece(const VELUnicodeString& text) noexcept
+        : text_(text.CastToCharPtr(), static_cast<std::size_t>(text.GetLengthInChar()))
+    {}
+    Piece(int number) noexcept
+    {
+        const auto end = std::to_chars(digits_.data(), digits_.data() + digits_.size(), number).ptr;
+        text_ = std::string_view(digits_.data(), static_cast<std::size_t>(end - digits_.data()));
+    }
+    // NOLINTEND(google-explicit-constructor)
+    Piece(const Piece&) = delete; // text_ may point into digits_
+    Piece& operator=(const Piece&) = delete;
+    ~Piece() = default;
+
+    std::string_view text() const noexcept { return text_; }
+
+private:
+    std::array<char, 12> digits_; // filled for numbers only
+    std::string_view text_;
+};
+
+/** Pieces put together with `separator` between neighbours and `ending` behind the last: a line, ready for
+ * one write. */
+class Line {
+public:
+    Line(std::initializer_list<Piece> pieces, std::string_view separator, std::string_view ending);
+    Line(const Line&) = delete;
+    Line& operator=(const Line&) = delete;
+    ~Line() = default;
+
+    const char* data() const noexcept { return long_.empty() ? short_.data() : long_.data(); }
+    std::size_t size() const noexcept { return size_; }
+
+private:
+    std::size_t size_;
+    std::array<char, 1024> short_; // holds the usual line without allocation
+    std::string long_;
+};
+
+/** Copies as much of `text` as fits into `size` bytes with its terminator; tells whether all of it did. */
+inline bool copyToFit(char* buffer, std::size_t size, std::string_view text) noexcept
+{
+    if (buffer == nullptr || size == 0) {
+        return false;
+    }
+    const std::size_t length = std::min(text.size(), size - 1);
+    std::memcpy(buffer, text.data(), length);
+    buffer[length] = '\0';
+    return length == text.size();
+}
+
+/** A text built piece by piece in a buffer of `Size` characters, the terminator included, and cut to fit. */
+template <std::size_t Size>
+class BoundedText {
+public:
+    BoundedText(std::initializer_list<Piece> pieces) noexcept
+    {
+        buffer_.front() = '\0';
+        for (const Piece& piece : pieces) {
+            append(piece);
+        }
+    }
+
+    void append(const Piece& piece) noexcept
+    {
+        copyToFit(&buffer_[used()], Size - used(), piece.text());
+        wanted_ += piece.text().size();
+    }
+
+    const char* text() const noexcept { return buffer_.data(); }
+    std::string_view view() const noexcept { return {buffer_.data(), used()}; }
+    /** Whether nothing was cut. */
+    bool fits() const noexcept { return wanted_ < Size; }
+
+private:
+    std::size_t used() const noexcept { return std::min(wanted_, Size - 1); }
+
+    std::size_t wanted_ = 0;
+    std::array<char, Size> buffer_;
+};
+
+} // namespace velrzm
+
+#endif

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// Views of what callers pass to operations: the names of attributes to read back, and pairs of names and
+// values.
+#ifndef VELRZM_FRAME_NAMES_H
+#define VELRZM_FRAME_NAMES_H
+
+#include <limits>
+
+#include <velrzm/vel_types.h>
+
+#include "diagnostics/text.h"
+
+namespace velrzm {
+
+/** Walks anything that has `operator[](int)`, so that a view can stand in a range-based for. */
+template <class View>
+class IndexIterator {
+public:
+    IndexIterator(const View& view, int index) noexcept : view_(&view), index_(index) {}
+    auto operator*() const { return (*view_)[index_]; }
+    IndexIterator& operator++() noexcept
+    {
+        ++index_;
+        return *this;
+    }
+    bool operator!=(const IndexIterator& other) const noexcept { return index_ != other.index_; }
+
+private:
+    const View* view_;
+    int index_;
+};
+
+/** The names of attributes to read back, as an array closed by a null pointer or as a list. */
+class AttributeNames {
+public:
+    // NOLINTBEGIN(google-explicit-constructor): an operation hands on what its caller passed
+    AttributeNames(const char* const* array, int limit = std::numeric_limits<int>::max()) noexcept
+        : array_(array)
+    {
+        while (size_ < limit && array_ != nullptr && array_[size_] != nullptr) {
+            ++size_;
+        }
+    }
+    AttributeNames(const VELListValVELUnicodeString& list) noexcept : list_(&list), size_(list.Size()) {}
+    // NOLINTEND(google-explicit-constructor)
+
+    /** Whether the names came as a list, whose positions count from 1. */
+    bool isList() const noexcept { return list_ != nullptr; }
+    int size() const noexcept { return size_; }
+    const char* operator[](int index) const
+    {
+        return isList() ? (*list_)[index + 1].CastToCharPtr() : array_[index];
+    }
+    IndexIterator<AttributeNames> begin() const noexcept { return {*this, 0}; }
+    IndexIterator<AttributeNames> end() const noexcept { return {*this, size_}; }
+
+private:
+    const char* const* array_ = nullptr;
+    const VELListValVELUnicodeString* list_ = nullptr;
+    int size_ = 0;
+};
+
+/** An attribute and its value; the value is null where none was given. */
+struct Pair {
+    const char* name;
+    const char* value;
+};
+
+/** Names and values that stand at the same positions of two lists or of two arrays closed by null pointers.
+ */
+class Pairs {
+public:
+    /** At most `limit` pairs of two lists; a value that the shorter list lacks is null. */
+    Pairs(const VELListValVELUnicodeString& names, const VELListValVELUnicodeString& values, int limit)
+        : names_(names), values_(values), size_(std::min(names_.size(), limit)), nullable_(&values)
+    {}
+    Pairs(const VELListValVELUnicodeString& names, const VELListValVELUnicodeString& values)
+        : Pairs(names, values, names.Size())
+    {}
+    /** The pairs of two arrays; behind a null value nothing is read, and all further values are null. */
+    Pairs(const char* const* names, const char* const* values)
+        : names_(names), values_(values, names_.size()), size_(names_.size())
+    {}
+
+    int size() const noexcept { return size_; }
+    Pair operator[](int index) const
+    {
+        const bool missing =
+            index >= values_.size() || (nullable_ != nullptr && (*nullable_)[index + 1].IsNull());
+        return {names_[index], missing ? nullptr : values_[index]};
+    }
+    IndexIterator<Pairs> begin() const noexcept { return {*this, 0}; }
+    IndexIterator<Pairs> end() const noexcept { return {*this, size_}; }
+
+private:
+    AttributeNames names_;
+    AttributeNames values_;
+    int size_;
+    const VELListValVELUnicodeString* nullable_ = nullptr; // a string of a list can be null itself
+};
+
+} // namespace velrzm
+
+#endif

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// The steps of operations on one object: create it, set attributes, subscribe others, open, save or delete
+// it.
+#ifndef VELRZM_FRAME_OBJECT_REQUEST_H
+#define VELRZM_FRAME_OBJECT_REQUEST_H
+
+#include <initializer_list>
+
+#include "frame/operation.h"
+
+namespace velrzm {
+
+/** The trace line before a step: the text, the step's value, and a closing mark; without a text there is no
+ * line. */
+struct Label {
+    // NOLINTNEXTLINE(google-explicit-constructor): in the tables of steps most labels are their text alone
+    Label(const char* labelText = nullptr, const char* closingMark = "-") noexcept
+        : text(labelText), closing(closingMark)
+    {}
+
+    const char* text;
+    const char* closing;
+};
+
+/** Whether a report of a set attribute names its value. */
+enum class Detail { Value, None };
+
+/** One attribute to set: a row in the table of steps of an operation. */
+struct Setting {
+    const char* name;
+    const char* value;
+    Label label = {};
+    OnFailure onFailure = OnFailure::Stop;
+    Detail detail = Detail::Value;
+};
+
+class ObjectRequest {
+public:
+    /**
+     * Steps of `operation` on the object in `handle`. `qualifier` stands before the names of the server
+     * functions in reports, so that an operation on several objects tells them apart.
+     */
+    ObjectRequest(Operation& operation, QV_ObjectHandle& handle, const char* qualifier = "") noexcept
+        : operation_(operation), handle_(handle), qualifier_(qualifier)
+    {}
+
+    void create(const char* className);
+    void set(const Setting& setting);
+    void set(const char* name, const char* value) { set(Setting{name, value}); }
+    /** Sets the rows of a table from top to bottom. */
+    void set(std::initializer_list<Setting> settings);
+    /** Sets the defaults, each after a trace line. */
+    void setDefaults(const char* label, const Pairs& defaults);
+    /** Sets the pairs of the caller that have a value, each after a trace line. */
+    void setGiven(const char* label, const Pairs& pairs);
+    void subscribe(const char* name, OnFailure onFailure = OnFailure::Stop);
+    void subscribe(const AttributeNames& names);
+    void open(OnFailure onFailure = OnFailure::Stop);
+    void save(OnFailure onFailure = OnFailure::Stop);
+    void remove();
+
+private:
+    template <class Function>
+    void qualifiedCall(const char* function, const char* detail1, const char* detail2, OnFailure onFailure,
+                       const Function& make);
+
+    Operation& operation_;
+    QV_ObjectHandle& handle_;
+    const char* qualifier_;
+};
+
+/** An operation whose result is an object: the current one. */
+class ObjectOperation : public Operation, public ObjectRequest {
+public:
+    explicit ObjectOperation(const char* prefix) noexcept;
+
+    /** The current result is now an object, without a record read and not yet counted. */
+    void reset() noexcept;
+    /** Gives up the previous current object and creates one of `className` in its place. */
+    void renew(const char* className);
+    /** Counts the result: `entries` is 1 when the last call succeeded, else 0; tells whether it did. */
+    bool count() noexcept;
+    /** The usual last trace line. */
+    void exit(const char* text = "-----Exit------------entries/rc=") const
+    {
+        trace(text, entries, "--------------------");
+    }
+};
+
+} // namespace velrzm
+
+#endif

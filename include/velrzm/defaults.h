@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// Attribute defaults that a site configures for an operation.
+#ifndef VELRZM_DEFAULTS_H
+#define VELRZM_DEFAULTS_H
+
+#include <velrzm/export.h>
+#include <velrzm/vel_types.h>
+
+/**
+ * Reads the defaults of an operation from the shared file QVL_RZM_DEFAULT, in the directory that
+ * RZM_DEFAULT_DIRECTORY names or in the working directory, and then from ./My_QVL_RZM_DEFAULT, whose entries
+ * replace those of the shared file. Both files are read afresh by every call; a missing one is skipped.
+ *
+ * A line holds the operation's name, an attribute and a value, separated by blanks or tabs; text from a "#"
+ * on is a comment; a line is read in pieces of 63 characters.
+ *
+ *     ItemCreate   item_type   P     # the usual part
+ *
+ * @param operation the name that the lines must begin with, compared exactly.
+ * @param names emptied, then filled with the attribute names.
+ * @param values emptied, then filled with the values, at the same positions.
+ * @return the number of pairs; there is no failure.
+ */
+VELRZM_API int DefaultRead(const VELUnicodeString& operation, VELListValVELUnicodeString& names,
+                           VELListValVELUnicodeString& values);
+
+#endif

@@ -1,0 +1,225 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// A new revision of a document. Three objects take part: the base revision, which is the current object, the
+// record of the list in which the new revision is found, and the new revision itself.
+#include <velrzm/documents.h>
+
+#include "frame/list_request.h"
+#include "frame/object_request.h"
+#include "operations/documents/document_versions.h"
+
+using namespace velrzm;
+
+namespace {
+
+struct RevisionInputs {
+    const char* ecNumber;
+    const char* documentNumber;
+    const char* revisionNumber;
+    const char* newTitle;
+    const char* systemPartnerOid;
+    AttributeNames attributeNames;
+    Pairs defaults;
+};
+
+/** The caller's buffers for what the new revision is called. */
+struct RevisionOutputs {
+    char* revisionNumber;
+    char* dbObjectId;
+};
+
+/** An object handle of the operation's own, destroyed with it. */
+class OwnObject {
+public:
+    OwnObject() = default;
+    OwnObject(const OwnObject&) = delete;
+    OwnObject& operator=(const OwnObject&) = delete;
+    ~OwnObject()
+    {
+        if (handle != nullptr) {
+            QV_Destroy_Object(&handle);
+        }
+    }
+
+    QV_ObjectHandle handle = nullptr;
+};
+
+/** An empty text where the server hands back none. */
+std::string attributeOf(QV_ObjectHandle object, const char* name)
+{
+    const char* value = nullptr;
+    QV_Get_Object_Attr(object, name, &value);
+    return orEmpty(value);
+}
+
+void copyWhole(char* buffer, const std::string& text)
+{
+    copyToFit(buffer, text.size() + 1, text);
+}
+
+void listInputs(const ObjectOperation& op, const RevisionInputs& in)
+{
+    op.trace("- Printing Input Attributes ...");
+    op.trace("-    EcNumber=", in.ecNumber);
+    op.trace("-    DocumentNumber=", in.documentNumber);
+    op.trace("-    RevisionNumber=", in.revisionNumber);
+    op.trace("-    NewRevDocumentTitle=", in.newTitle);
+    op.trace("-    SystemPartnerOid=", in.systemPartnerOid);
+    op.traceNames("- Printing Selected Attributes ...", "-   ", in.attributeNames);
+    op.logInputs({"EcNumber=", in.ecNumber, ", DocumentNumber=", in.documentNumber,
+                  ", RevisionNumber=", in.revisionNumber, ", NewRevDocumentTitle=", in.newTitle});
+    op.logPairs("   ", in.defaults);
+    op.log("   SystemPartnerOid=", in.systemPartnerOid);
+}
+
+/** Opens the base revision; the result is the number of the change that controls it so far. */
+std::string openBase(ObjectOperation& op, ObjectRequest& base, const RevisionInputs& in)
+{
+    op.renew("DocVersion");
+    base.set({
+        {"db_object_id", "", "-  base doc: db_object_id="},
+        {"doc_revision@doc_number", in.documentNumber, "-   base doc: doc_revision@doc_number="},
+        {"doc_revision@doc_rev_num", in.revisionNumber, "-   base doc: doc_revision@doc_rev_num="},
+    });
+    for (const char* const name :
+         {"doc_revision@doc_title", "doc_revision@chg_ctrl", "doc_revision@doc_ctrl_num"}) {
+        base.subscribe(name, OnFailure::GoOn);
+    }
+    base.open();
+    if (op.stopped()) {
+        return {};
+    }
+    std::string controlNumber = attributeOf(QV_ObjPtr, "doc_revision@doc_ctrl_num");
+    op.step("-     base doc: IniCtrlEcNumber=", controlNumber, "-");
+    return controlNumber;
+}
+
+/** Makes the new revision on the server. The handle that comes back is of no use: the list below finds the
+ * revision. */
+void makeRevision(ObjectOperation& op)
+{
+    if (op.stopped()) {
+        return;
+    }
+    QV_ObjectHandle revision = nullptr;
+    QV_RC = QV_Make_New_Revision(QV_ObjPtr, &revision);
+    QV_Destroy_Object(&revision);
+    op.check({"base doc: QV_MakeNewRevision_Doc"});
+    if (!op.stopped()) {
+        op.log("...Document New Revision was ", "created");
+    }
+}
+
+/** Reads what the new revision is called, which is the last version of the document; the result is its
+ * identifier. */
+std::string findRevision(ObjectOperation& op, OwnObject& record, const RevisionInputs& in,
+                         const RevisionOutputs& out)
+{
+    constexpr const char* columns[] = {"doc_revision@doc_number", "doc_revision@doc_rev_num", "db_object_id",
+                                       nullptr};
+
+    ListRequest versions(op);
+    openVersions(versions, in.documentNumber, columns);
+    if (op.stopped()) {
+        return {};
+    }
+    QV_RC = QV_SizeOf_List(QV_ListPtr, &entries);
+    if (entries >= 1) {
+        QV_Read_List(QV_ListPtr, entries - 1, &record.handle);
+    }
+    if (record.handle == nullptr) {
+        op.stop();
+        return {};
+    }
+    const std::string number = attributeOf(record.handle, "doc_revision@doc_rev_num");
+    std::string identifier = attributeOf(record.handle, "db_object_id");
+    copyWhole(out.revisionNumber, number);
+    copyWhole(out.dbObjectId, identifier);
+    op.log("... new Revision Number=", number, " new DbObjectId=", identifier);
+    return identifier;
+}
+
+void openRevision(ObjectRequest& revision, const std::string& identifier, const RevisionInputs& in)
+{
+    revision.create("DocVersion");
+    revision.set({
+        {"db_object_id", identifier.c_str(), {}, OnFailure::GoOn},
+        {"doc_revision@doc_title", "", {}, OnFailure::GoOn},
+    });
+    for (const char* const name :
+         {"doc_primary_fmt@user_data3", "doc_revision@chg_ctrl", "doc_revision@doc_ctrl_num"}) {
+        revision.subscribe(name, OnFailure::GoOn);
+    }
+    revision.open();
+    revision.set({
+        {"doc_revision@doc_title", in.newTitle},
+        {"doc_primary_fmt@user_data3", in.systemPartnerOid},
+    });
+}
+
+/** Moves the change control: a change controls only the newer of two revisions. */
+void controlByChange(const ObjectOperation& op, ObjectRequest& base, ObjectRequest& revision,
+                     const std::string& controlNumber, const char* ecNumber)
+{
+    op.step("-IniCtrlEcNumber=", controlNumber, "- EcNumber=", ecNumber, "-");
+    if (given(ecNumber) && controlNumber == ecNumber) {
+        base.set({"doc_revision@chg_ctrl", "0", {"-   base doc: doc_revision@chg_ctrl=", ""}});
+        op.step(" base doc: Execute Save method");
+        base.save();
+    }
+    revision.set({
+        {"doc_revision@chg_ctrl",
+         given(ecNumber) ? "1" : "0",
+         {"-   new rev doc: doc_revision@chg_ctrl=", ""}},
+        {"doc_revision@doc_ctrl_num", ecNumber, {"-   new rev doc: doc_revision@doc_ctrl_num=", ""}},
+    });
+}
+
+/** Everything from the base revision on; tells whether the new revision was made and stored. */
+bool revise(ObjectOperation& op, const RevisionInputs& in, const RevisionOutputs& out)
+{
+    OwnObject record;
+    OwnObject own;
+    ObjectRequest base(op, QV_ObjPtr, "base doc: ");
+    ObjectRequest revision(op, own.handle, "new rev doc: ");
+
+    ListRequest(op).requireFit(
+        versionsOf(in.documentNumber)); // before a revision is made that could not be found
+    const std::string controlNumber = openBase(op, base, in);
+    base.subscribe(in.attributeNames);
+    base.setDefaults("-     ", in.defaults);
+    makeRevision(op);
+    const std::string identifier = findRevision(op, record, in, out);
+    openRevision(revision, identifier, in);
+    controlByChange(op, base, revision, controlNumber, in.ecNumber);
+    op.step(" new rev doc: Execute Save method");
+    revision.save();
+    if (!op.stopped()) {
+        op.log("...Document New Revision was ", "updated");
+    }
+    return !op.stopped();
+}
+
+} // namespace
+
+int DocumentMakeNewRevision(char* ecNumber, char* documentNumber, char* revisionNumber,
+                            char* newRevDocumentTitle, char* systemPartnerOid, char** attributeNames,
+                            char* newRevisionNumber, char* newDbObjectId)
+{
+    ObjectOperation op("DocumentMakeNewRevision");
+    op.start();
+    const Defaults read = op.readDefaults();
+    const RevisionInputs in{ecNumber,         documentNumber, revisionNumber, newRevDocumentTitle,
+                            systemPartnerOid, attributeNames, op.usual(read)};
+    toUpperCase(documentNumber);
+    listInputs(op, in);
+    op.reset();
+    op.capture(in.attributeNames, 50);
+    const bool revised = revise(op, in, {newRevisionNumber, newDbObjectId});
+    if (revised) {
+        op.trace("...revision ", newRevisionNumber, " for document ", documentNumber, " was created");
+    } else {
+        op.trace("...new revision for document ", documentNumber, " was not created");
+    }
+    return revised ? 1 : 0;
+}

@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <velrzm/items.h>
+
+#include <cstdlib>
+
+#include "frame/object_request.h"
+
+using namespace velrzm;
+
+namespace {
+
+/** What ItemCreate and ItemSave are given. */
+struct ItemInputs {
+    char* ecNumber;
+    char* itemNumber;
+    char* itemName;
+    char* itemType;
+    Pairs further;
+    AttributeNames selected;
+};
+
+/** Everything up to the new request object; both operations use the defaults of ItemCreate. */
+Defaults begin(ObjectOperation& op, const ItemInputs& item)
+{
+    op.start();
+    Defaults defaults = op.readDefaults("ItemCreate");
+    toUpperCase(item.itemNumber);
+    toUpperCase(item.ecNumber);
+    toUpperCase(item.itemName);
+    op.trace("- Printing Input Attributes ...");
+    op.trace("\tEcNumber=", item.ecNumber);
+    op.trace("\tItemNumber=", item.itemNumber);
+    op.trace("\tItemName=", item.itemName);
+    op.trace("\tItemType=", item.itemType);
+    op.tracePairs("-     ... plus some other Input Attributes ...", "   ", item.further);
+    op.tracePairs("-     ... and eventually, some Default Attributes ...", "-     ", defaults.all());
+    op.traceNames(" Printing Selected Attributes ...", "-   ", item.selected);
+    op.reset();
+    op.capture(item.selected, 30);
+    op.renew("ItemEngineeringData");
+    return defaults;
+}
+
+int finish(ObjectOperation& op)
+{
+    op.count();
+    op.exit("----Exit------------entries/rc=");
+    return entries;
+}
+
+bool bomHeaderWanted()
+{
+    return std::string_view("YES") == orEmpty(std::getenv("QVL_BOM_HEADER_CREATE"));
+}
+
+} // namespace
+
+int ItemCreate(char* ecNumber, char* itemNumber, char* itemName, char* itemType,
+               VELListValVELUnicodeString& inputNames, VELListValVELUnicodeString& inputValues,
+               VELListValVELUnicodeString& selectedNames)
+{
+    ObjectOperation op("ItemCreate");
+    const ItemInputs item{ecNumber, itemNumber, itemName, itemType, {inputNames, inputValues}, selectedNames};
+    const Defaults defaults = begin(op, item);
+    op.step(" Set Required Fields for Save");
+    op.setDefaults("-     ", defaults.all());
+    op.setGiven("-     ", item.further);
+    op.set({
+        {"logical_key@item_number", itemNumber, "   logical_key@item_number="},
+        {"logical_key@loc_id", "", "   logical_key@loc_id="},
+        {"il_ec_number", ecNumber, "   il_ec_number="},
+        {"name", itemName, "   name="},
+    });
+    if (given(itemType)) {
+        op.set({"item_type", itemType, "   item_type="});
+    }
+    op.set({
+        {"design_loc_id", "", "   design_loc_id ="},
+        {"update_count", "", "   update_count=", OnFailure::GoOn},
+    });
+    if (bomHeaderWanted()) {
+        op.set({"create_bomheader", "TRUE", "  create_bomheader ="});
+    }
+    op.step(" Set  fields to be selected for Save");
+    op.subscribe(item.selected);
+    op.step(" Execute Save method");
+    op.save();
+    return finish(op);
+}
+
+int ItemSave(char* ecNumber, char* itemNumber, char* itemName, char* itemType,
+             VELListValVELUnicodeString& inputNames, VELListValVELUnicodeString& inputValues,
+             VELListValVELUnicodeString& selectedNames)
+{
+    ObjectOperation op("ItemSave");
+    const ItemInputs item{ecNumber, itemNumber, itemName, itemType, {inputNames, inputValues}, selectedNames};
+    const Defaults defaults = begin(op, item);
+    op.set({
+        {"db_object_id", "", "-  db_object_id="},
+        {"logical_key@item_number", itemNumber, "-   logical_key@item_number="},
+        {"logical_key@loc_id", "", "-   logical_key@loc_id="},
+        {"il_ec_number", ecNumber, "-   il_ec_number="},
+    });
+    op.step("-   update_count=", "-");
+    op.subscribe("update_count", OnFailure::GoOn);
+    op.open();
+    op.step(" Set Required Fields for Save");
+    op.setDefaults("-     ", defaults.all());
+    op.setGiven("-     ", item.further);
+    op.set({"name", itemName, "-   name="});
+    if (given(itemType)) {
+        op.set({"item_type", itemType, "-   item_type="});
+    }
+    op.step("- Set  fields to be selected for Save");
+    op.subscribe(item.selected);
+    op.step("- Execute Save method");
+    op.save();
+    return finish(op);
+}

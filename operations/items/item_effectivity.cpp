@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <velrzm/items.h>
+
+#include "frame/object_request.h"
+
+using namespace velrzm;
+
+int ItemPUEffectivityCreate(char* ecNumber, char* itemNumber, char* productId, char* cutInUnit,
+                            VELListValVELUnicodeString& inputNames, VELListValVELUnicodeString& inputValues,
+                            VELListValVELUnicodeString& selectedNames)
+{
+    ObjectOperation op("ItemPUEffectivityCreate-");
+    const Pairs further(inputNames, inputValues);
+    op.start();
+    const Defaults defaults = op.readDefaults("ItemPUEffectivityCreate", "");
+    toUpperCase(itemNumber);
+    toUpperCase(ecNumber);
+    toUpperCase(productId);
+    op.trace(" Printing Input Attributes ...");
+    op.trace("\tEcNumber=", ecNumber);
+    op.trace("\tItemNumber=", itemNumber);
+    op.trace("\tProductId=", productId);
+    op.trace("\tCutInUnit=", cutInUnit);
+    op.tracePairs("     ... plus some other Input Attributes ...", "   ", further);
+    op.tracePairs("     ... and eventually, some Default Attributes ...", "     ", defaults.all());
+    op.traceNames(" Printing Selected Attributes ...", "   ", selectedNames);
+    op.reset();
+    op.capture(selectedNames, 30);
+    op.renew("ItemProductUnitEffectivity");
+    op.step(" Set Required Fields for Save");
+    op.setDefaults("     ", defaults.all());
+    op.setGiven("     ", further);
+    op.set({
+        {"update_count", "", "   update_count="},
+        {"loc_id", "", "   loc_id="},
+        {"item_number", itemNumber, "   item_number="},
+        {"ecid", ecNumber, "   ecid="},
+        {"prod_id", productId, "   prod_id="},
+        {"cut_in_unit", cutInUnit, "   cut_in_unit="},
+    });
+    op.step(" Set  fields to be selected for Save");
+    op.subscribe(selectedNames);
+    op.step(" Execute Save method");
+    op.save();
+    op.count();
+    op.exit("----Exit------------entries/rc=");
+    return entries;
+}

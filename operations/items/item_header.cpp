@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <velrzm/items.h>
+
+#include <array>
+
+#include <velrzm/engineering_changes.h>
+
+#include "frame/object_request.h"
+
+using namespace velrzm;
+
+namespace {
+
+/** Makes the item an affected item of the change; its own result replaces `QV_RC`, so a failure does not
+ * count here. */
+void release(const ObjectOperation& op, std::string ecNumber, std::string itemNumber)
+{
+    op.trace(" Calling AffectedItemCreate for Item ", itemNumber, " at EC ", ecNumber);
+    std::array<char, 4> action{"REL"};
+    std::array<char, 13> identifier{"db_object_id"};
+    std::array<char*, 2> selected{identifier.data(), nullptr};
+    QV_RC = AffectedItemCreate(ecNumber.data(), itemNumber.data(), action.data(), selected.data());
+    op.trace(" rc(AffectedItemCreate)=", QV_RC);
+}
+
+} // namespace
+
+int ItemHeaderCreate(const VELUnicodeString& ecNumber, const VELUnicodeString& itemNumber,
+                     const VELUnicodeString& itemName, const VELUnicodeString& itemDescription,
+                     const VELUnicodeString& itemType, const VELUnicodeString& securityLevel,
+                     const VELUnicodeString& securityCategory)
+{
+    ObjectOperation op("ItemHeaderCreate");
+    op.start();
+    const Defaults defaults = op.readDefaults();
+    const std::string change = upperCased(ecNumber);
+    const std::string number = upperCased(itemNumber);
+    const std::string name = upperCased(itemName);
+    op.trace("- Printing Input Attributes ...");
+    op.trace("\tEcNumber=", change);
+    op.trace("\tItemNumber=", number);
+    op.trace("\tItemName=", name);
+    op.trace("\tItemDesc=", itemDescription);
+    op.trace("\tItemType=", itemType);
+    op.trace("\tSecurityLevel=", securityLevel);
+    op.trace("\tSecurityCategory=", securityCategory);
+    op.tracePairs("-     ... and eventually, some Default Attributes ...", "-     ", defaults.all());
+    op.reset();
+    op.renew("ItemEngineeringData");
+    op.step(" Set Required Fields for Save");
+    op.setDefaults("-     ", defaults.all());
+    op.set({"il_ec_number", "", "   il_ec_number="});
+    op.step("   logical_key@item_number=", itemNumber, "-"); // as it was given, not as it is stored
+    op.set("logical_key@item_number", number.c_str());
+    op.set({
+        {"name", name.c_str(), "   name="},
+        {"description", itemDescription, "   description="},
+        {"item_type", itemType, "   item_type="},
+        {"x_sec_level_code", securityLevel, "   x_sec_level_code="},
+        {"x_sec_cat_code", securityCategory, "   x_sec_cat_code="},
+        {"update_count", "0", "-   update_count=", OnFailure::GoOn},
+    });
+    op.step(" Set  fields to be selected for Save");
+    op.subscribe("db_object_id");
+    op.step(" Execute Save method");
+    op.save();
+    if (!op.stopped() && !change.empty()) {
+        release(op, change, number);
+    }
+    op.count();
+    op.exit("----Exit------------entries/rc=");
+    return entries;
+}

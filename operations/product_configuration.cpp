@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// The queries for options and packages: one operation, and a table of what differs.
+#include <velrzm/product_configuration.h>
+
+#include <array>
+
+#include "frame/list_request.h"
+
+using namespace velrzm;
+
+namespace {
+
+/** One of the queries: what it lists, and the columns, by which it also sorts. */
+struct ConfigurationQuery {
+    const char* name;
+    const char* className;
+    std::array<const char*, 4> columns; // closed by a null pointer
+};
+
+constexpr ConfigurationQuery optionQuery{
+    "ProductOptionQuery", "ProductOption", {"product", "feature", "variant"}};
+constexpr ConfigurationQuery packageQuery{
+    "ProductPackageQuery", "ProductOptionPkg", {"product", "package_id"}};
+
+/** Appends every record's columns to the lists. */
+void readRecords(const AttributeNames& columns, const std::array<VELListValVELUnicodeString*, 3>& lists)
+{
+    std::array<char, QV_MAX_VALUE_LENGTH + 1> value{};
+    for (int record = 0; record < entries; ++record) {
+        for (int column = 0; column < columns.size(); ++column) {
+            GetValue(record, columns[column], value.data(), value.size());
+            lists[static_cast<std::size_t>(column)]->Append(value.data());
+        }
+    }
+}
+
+int run(const ConfigurationQuery& query, const VELUnicodeString& productNumber,
+        const std::array<VELListValVELUnicodeString*, 3>& lists)
+{
+    const AttributeNames columns(query.columns.data());
+    ListOperation op(query.name);
+    op.start();
+    op.trace("\tProductNumber=", productNumber);
+    for (VELListValVELUnicodeString* const list : lists) {
+        list->RemoveAll(VELCollec::ReleaseElements);
+    }
+    op.reset();
+    op.capture(columns, 50);
+    op.renew(query.className);
+    op.select(columns);
+    if (given(productNumber)) {
+        op.where({"&=(product,'", productNumber, "')", "productNumber"});
+    }
+    for (const char* const column : columns) {
+        op.orderBy({column});
+    }
+    op.open();
+    op.count();
+    if (!op.stopped()) {
+        readRecords(columns, lists);
+    }
+    op.exit();
+    return entries;
+}
+
+} // namespace
+
+int ProductOptionQuery(const VELUnicodeString& productNumber, VELListValVELUnicodeString& products,
+                       VELListValVELUnicodeString& features, VELListValVELUnicodeString& variants)
+{
+    return run(optionQuery, productNumber, {&products, &features, &variants});
+}
+
+int ProductPackageQuery(const VELUnicodeString& productNumber, VELListValVELUnicodeString& products,
+                        VELListValVELUnicodeString& packages, VELListValVELUnicodeString& thirdList)
+{
+    return run(packageQuery, productNumber, {&products, &packages, &thirdList});
+}
