@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// Administration of the stores of the local server, libqvlocal. The server itself is used through
+// <velrzm/qv_sdk.h>.
+//
+// Conventions:
+//  1. A store is named by its location, "sqlite:" and the path of its file.
+//  2. Every function reports a failure by throwing StoreError, whose text says what is wrong and what to do;
+//  nothing is
+//     changed then.
+//  3. The functions need no logon. Whoever may write the file administers the store.
+#ifndef VELRZM_QVLOCAL_H
+#define VELRZM_QVLOCAL_H
+
+#include <cstddef>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include <velrzm/export.h>
+
+namespace qvlocal {
+
+/** A failure; `what()` says what is wrong with which value and what to do. */
+class VELRZM_API StoreError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/** The user's own store: "velrzm/store.db" in the user's data directory ("$XDG_DATA_HOME", "~/.local/share").
+ */
+VELRZM_API std::string defaultStore();
+
+/** The store that a logon uses: what the environment variable QV_STORE names, else `defaultStore()`. */
+VELRZM_API std::string currentStore();
+
+/**
+ * Makes a store and its first user. Folders on the way are made as well; what is already there is refused.
+ *
+ *     qvlocal::initializeStore(qvlocal::currentStore(), "jdoe", password);
+ */
+VELRZM_API void initializeStore(const std::string& location, const std::string& user,
+                                const std::string& password);
+
+/** Adds a user who is not there yet. */
+VELRZM_API void addUser(const std::string& location, const std::string& user, const std::string& password);
+
+/** Removes a user; the objects that the user saved stay. */
+VELRZM_API void removeUser(const std::string& location, const std::string& user);
+
+/** Gives a user another password. */
+VELRZM_API void setPassword(const std::string& location, const std::string& user,
+                            const std::string& password);
+
+/** The names of all users, sorted. */
+VELRZM_API std::vector<std::string> listUsers(const std::string& location);
+
+/**
+ * Loads the options of products from a CSV file with the columns "product", "feature" and "variant". Such a
+ * file:
+ *  - begins with a line that names its columns, in any order; a byte order mark before it does no harm;
+ *  - has fields that are separated by commas; one that holds commas, line breaks or quotes stands in double
+ * quotes, with quotes inside it doubled;
+ *  - holds everything about the products that it names: what the store had of them is replaced, what it has
+ * of others stays. So a file can be corrected and loaded again;
+ *  - is loaded as a whole or not at all. The first wrong row is refused with file, line and reason; wrong are
+ * another number of fields, an empty field, one that is too long, and a row that the file has already.
+ *
+ * @return the number of rows that were loaded.
+ */
+VELRZM_API std::size_t loadProductOptions(const std::string& location, const std::string& file);
+
+/** Loads the option packages of products: "product", "package_id"; otherwise like loadProductOptions. */
+VELRZM_API std::size_t loadProductPackages(const std::string& location, const std::string& file);
+
+/**
+ * Loads translation tables: "table", "from", "to". Their entries keep the file's order; a table has one entry
+ * for each "from", and "to" may be empty. Otherwise like loadProductOptions, with tables in place of
+ * products.
+ *
+ *     qvlocal::loadTranslationTables(qvlocal::currentStore(), "units.csv");
+ */
+VELRZM_API std::size_t loadTranslationTables(const std::string& location, const std::string& file);
+
+} // namespace qvlocal
+
+#endif

@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <velrzm/qvlocal.h>
+
+#include "platform/server/errors.h"
+#include "platform/server/loader.h"
+#include "platform/server/password.h"
+#include "platform/server/store_location.h"
+
+namespace qvlocal {
+
+namespace {
+
+using qvserver::Access;
+using qvserver::fail;
+using qvserver::Failure;
+using qvserver::quoted;
+using qvserver::Store;
+using qvserver::Transaction;
+
+/** Runs `use` and turns whatever it throws into a StoreError. */
+template <typename Use>
+auto reported(Use use)
+{
+    try {
+        return use();
+    } catch (const std::exception& error) {
+        throw StoreError(error.what());
+    }
+}
+
+void checkUserName(const std::string& user)
+{
+    constexpr std::size_t maxLength = 255;
+    if (user.empty() || user.size() > maxLength || user.find('\0') != std::string::npos) {
+        fail(Failure::UserAdministration, "the user name ", quoted(user),
+             " cannot be used; it must have 1 to ", maxLength, " characters and no NUL");
+    }
+}
+
+std::unique_ptr<Store> storeWithUsers(const std::string& location)
+{
+    auto store = qvserver::openStore(location);
+    if (store->isOpenToAll()) {
+        fail(Failure::UserAdministration, location, " keeps no users; everybody may log on");
+    }
+    return store;
+}
+
+/** Opens the store and runs `change(store)` for a user who must, or must not, be there, in one transaction.
+ */
+template <typename Change>
+void changeUser(const std::string& location, const std::string& user, bool mustExist, Change change)
+{
+    reported([&] {
+        const auto store = storeWithUsers(location);
+        Transaction transaction(*store, Access::Write);
+        if (store->passwordHash(user).has_value() != mustExist) {
+            fail(Failure::UserAdministration, location, mustExist ? " has no user " : " already has a user ",
+                 quoted(user));
+        }
+        change(*store);
+        transaction.commit();
+    });
+}
+
+std::size_t loadFile(const std::string& location, const qvserver::LoadFormat& format, const std::string& file)
+{
+    return reported([&] {
+        const auto store = qvserver::openStore(location);
+        if (store->isOpenToAll()) {
+            fail(Failure::BadArgument, location,
+                 " lives no longer than a logon; load into the store of a file");
+        }
+        return qvserver::load(*store, format, file);
+    });
+}
+
+} // namespace
+
+std::string defaultStore()
+{
+    return reported([] { return qvserver::defaultStoreLocation(); });
+}
+
+std::string currentStore()
+{
+    return reported([] { return qvserver::storeLocation(); });
+}
+
+void initializeStore(const std::string& location, const std::string& user, const std::string& password)
+{
+    reported([&] {
+        checkUserName(user);
+        qvserver::createStore(location, user, qvserver::hashOfPassword(password));
+    });
+}
+
+void addUser(const std::string& location, const std::string& user, const std::string& password)
+{
+    changeUser(location, user, false, [&](Store& store) {
+        checkUserName(user);
+        store.putUser(user, qvserver::hashOfPassword(password));
+    });
+}
+
+void removeUser(const std::string& location, const std::string& user)
+{
+    changeUser(location, user, true, [&](Store& store) { store.removeUser(user); });
+}
+
+void setPassword(const std::string& location, const std::string& user, const std::string& password)
+{
+    changeUser(location, user, true,
+               [&](Store& store) { store.putUser(user, qvserver::hashOfPassword(password)); });
+}
+
+std::vector<std::string> listUsers(const std::string& location)
+{
+    return reported([&] { return storeWithUsers(location)->userNames(); });
+}
+
+std::size_t loadProductOptions(const std::string& location, const std::string& file)
+{
+    return loadFile(location, qvserver::productOptions(), file);
+}
+
+std::size_t loadProductPackages(const std::string& location, const std::string& file)
+{
+    return loadFile(location, qvserver::productPackages(), file);
+}
+
+std::size_t loadTranslationTables(const std::string& location, const std::string& file)
+{
+    return loadFile(location, qvserver::translationTables(), file);
+}
+
+} // namespace qvlocal

@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// What the server asks of a database: objects with their values, queries, users, transactions. What an object
+// means is not the store's business; it knows the classes only as the shape of its tables.
+#ifndef VELRZM_PLATFORM_SERVER_STORE_H
+#define VELRZM_PLATFORM_SERVER_STORE_H
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/server/class_table.h"
+#include "platform/server/query.h"
+#include "platform/server/rows.h"
+
+namespace qvserver {
+
+enum class Access { Read, Write };
+
+/** Whether a change of an object counts as a save of it. */
+enum class Count { Save, Nothing };
+
+/** A query that is asked many times, each time with another value of one attribute. */
+class Lookup {
+public:
+    Lookup() = default;
+    Lookup(const Lookup&) = delete;
+    Lookup& operator=(const Lookup&) = delete;
+    virtual ~Lookup() = default;
+
+    /** Appends what is found for `value` to `rows`, and gives the ids of the objects until the next call. */
+    virtual const std::vector<std::int64_t>& find(std::string_view value, Rows& rows) = 0;
+};
+
+class Store {
+public:
+    Store() = default;
+    Store(const Store&) = delete;
+    Store& operator=(const Store&) = delete;
+    virtual ~Store() = default;
+
+    /** Begins a transaction, or a part of the open one that can be taken back alone. */
+    virtual void begin(Access access) = 0;
+    virtual void commit() = 0;
+    virtual void rollback() noexcept = 0;
+
+    /** The next of the rising numbers that objects are identified with. */
+    virtual std::int64_t nextNumber() = 0;
+    /** Stores a new object; false when one with the same keys is stored. */
+    virtual bool insert(const Class& objectClass, std::int64_t id, const Values& values) = 0;
+    /** Sets `values` of an object; false when another one has the resulting keys. */
+    virtual bool update(const Class& objectClass, std::int64_t id, const Values& values, Count count) = 0;
+    virtual void remove(const Class& objectClass, std::int64_t id) = 0;
+    /** All values of an object; none when it is not stored. */
+    virtual Values values(const Class& objectClass, std::int64_t id) = 0;
+    virtual std::shared_ptr<const Rows> select(const Query& query) = 0;
+    /**
+     * `query`, without an order, among the objects that have a value of the attribute `path`. It belongs in
+     * one transaction, since a transaction for each question would cost more than the answer.
+     */
+    virtual std::unique_ptr<Lookup> lookup(Query query, std::string_view path) = 0;
+
+    /** Whether the store keeps no users and anybody may use it. */
+    virtual bool isOpenToAll() const noexcept = 0;
+    virtual std::vector<std::string> userNames() = 0;
+    virtual std::optional<std::string> passwordHash(std::string_view user) = 0;
+    /** Adds a user or gives a known one another password. */
+    virtual void putUser(std::string_view user, std::string_view passwordHash) = 0;
+    virtual void removeUser(std::string_view user) = 0;
+};
+
+/** A transaction, or a part of one, that is taken back unless it is committed. */
+class Transaction {
+public:
+    Transaction(Store& store, Access access) : store_(store) { store_.begin(access); }
+    ~Transaction()
+    {
+        if (!ended_) {
+            store_.rollback();
+        }
+    }
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+
+    void commit()
+    {
+        ended_ = true; // a commit that fails takes back by itself
+        store_.commit();
+    }
+
+private:
+    Store& store_;
+    bool ended_ = false;
+};
+
+/** Whether the query finds anything. */
+inline bool exists(Store& store, Query query)
+{
+    query.limit = 1;
+    return !store.select(query)->empty();
+}
+
+} // namespace qvserver
+
+#endif

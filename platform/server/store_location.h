@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// Where the store is and how it is reached: "sqlite:PATH" or "sqlite::memory:".
+#ifndef VELRZM_PLATFORM_SERVER_STORE_LOCATION_H
+#define VELRZM_PLATFORM_SERVER_STORE_LOCATION_H
+
+#include <memory>
+#include <string>
+
+#include "platform/server/store.h"
+
+namespace qvserver {
+
+/** The place that QV_STORE names, else the user's own store. */
+std::string storeLocation();
+
+/** The user's own store, in the user's data directory. */
+std::string defaultStoreLocation();
+
+/** Opens the store at `location`. */
+std::unique_ptr<Store> openStore(const std::string& location);
+
+/** Makes an empty store with its first user at `location`, where nothing may be yet. */
+void createStore(const std::string& location, const std::string& user, const std::string& passwordHash);
+
+} // namespace qvserver
+
+#endif
