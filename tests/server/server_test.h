@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// What every test of the server starts from: a logged-on session over a store of its own, handles that
+// release themselves, and a second session in another process.
+#ifndef VELRZM_TESTS_SERVER_SERVER_TEST_H
+#define VELRZM_TESTS_SERVER_SERVER_TEST_H
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <gtest/gtest.h>
+#include <sys/types.h>
+
+#include <velrzm/qv_sdk.h>
+
+#include "tests/harness/files.h"
+
+namespace servertest {
+
+using Pairs = std::vector<std::pair<std::string, std::string>>;
+
+/** The text of the last failure; "" when there was none. */
+std::string message();
+
+/** An object handle of its own. */
+class Object {
+public:
+    explicit Object(const std::string& className, const Pairs& attributes = {});
+    ~Object() { QV_Destroy_Object(&handle_); }
+    Object(const Object&) = delete;
+    Object& operator=(const Object&) = delete;
+
+    int set(const std::string& path, const std::string& value);
+    int subscribe(const std::string& path) { return QV_Subscribe_Object_Attr(handle_, path.c_str()); }
+    int open() { return QV_Open_Object(handle_); }
+    int save() { return QV_Save_Object(handle_); }
+    int remove() { return QV_Delete_Object(handle_); }
+    std::string get(const std::string& path) const;
+    QV_ObjectHandle handle() const { return handle_; }
+
+private:
+    QV_ObjectHandle handle_ = nullptr;
+};
+
+/** Saves a new object; its db_object_id, "" when it was refused. */
+std::string create(const std::string& className, const Pairs& attributes);
+/** Opens an object and reads `path`; "" when it was not found. */
+std::string read(const std::string& className, const Pairs& keys, const std::string& path);
+
+using Clauses = std::vector<std::pair<std::string, std::string>>; // kind, text
+using Table = std::vector<std::vector<std::string>>;
+/** The rows of a list: of each record the values of all Select clauses. A failure makes the test fail. */
+Table query(const std::string& className, const Clauses& clauses);
+
+/** A user in a process of its own. Every command answers the code of the call that it is named after. */
+class OtherSession {
+public:
+    explicit OtherSession(std::string user = "jdoe");
+    ~OtherSession();
+    OtherSession(const OtherSession&) = delete;
+    OtherSession& operator=(const OtherSession&) = delete;
+
+    /** "start", "commit", "discard", "create CLASS PATH=VALUE ...", "change CLASS KEY=VALUE PATH=VALUE",
+     * "size CLASS"; of the vault "create-and-check-in", "check-out", "check-in", "cancel", "revise",
+     * each with DocVersion PATH=VALUE ... */
+    int run(const std::string& command) const;
+    /** Ends the process at once, as a crash would. */
+    void kill();
+
+private:
+    pid_t process_ = -1;
+    int input_ = -1;
+    int output_ = -1;
+};
+
+/** A session over a store in memory. */
+class ServerTest : public testing::Test {
+protected:
+    explicit ServerTest(const std::string& location = "sqlite::memory:");
+    ~ServerTest() override;
+    void SetUp() override;
+    /** Logs on; the code. */
+    static int logon(const std::string& user = "jdoe", const std::string& password = "secret");
+
+    harness::TemporaryDirectory directory;
+    harness::Environment environment;
+};
+
+/** A session over a store in a file. */
+class StoreFileTest : public ServerTest {
+protected:
+    static constexpr const char* location = "sqlite:store.db";
+    StoreFileTest() : ServerTest(location) {}
+    void SetUp() override;
+};
+
+} // namespace servertest
+
+#endif
