@@ -53,8 +53,10 @@ std::string withoutComment(const char* piece)
     return {piece, std::strcspn(piece, "#\n")};
 }
 
-/** Calls `take(name, value)` for each entry of `operation` in the file; tells on the trace that it reads the
- * file. */
+/**
+ * Calls `take(name, value)` for each entry of `operation` in the file; tells on the trace that it reads the
+ * file.
+ */
 template <class Take>
 void readEntries(const char* path, const VELUnicodeString& operation, const Take& take)
 {

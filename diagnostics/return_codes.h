@@ -13,8 +13,10 @@
 
 namespace velrzm {
 
-/** A call of the server as reports name it: the function and what it concerned, as a rule an attribute and a
- * value. */
+/**
+ * A call of the server as reports name it: the function and what it concerned, as a rule an attribute and a
+ * value.
+ */
 struct ServerCall {
     const char* function;
     const char* detail1 = "";
@@ -36,8 +38,10 @@ inline bool mustStop(const char* prefix, const ServerCall& call, OnFailure onFai
     return QV_RC < 0 && onFailure == OnFailure::Stop;
 }
 
-/** Sets `QV_RC` to -1 and reports `reason` as the failure of a call that was not made because it cannot be
- * right. */
+/**
+ * Sets `QV_RC` to -1 and reports `reason` as the failure of a call that was not made because it cannot be
+ * right.
+ */
 void reportRefusal(const char* prefix, const ServerCall& call, const std::string& reason);
 
 } // namespace velrzm

@@ -57,8 +57,10 @@ private:
     std::string_view text_;
 };
 
-/** Pieces put together with `separator` between neighbours and `ending` behind the last: a line, ready for
- * one write. */
+/**
+ * Pieces put together with `separator` between neighbours and `ending` behind the last: a line, ready for
+ * one write.
+ */
 class Line {
 public:
     Line(std::initializer_list<Piece> pieces, std::string_view separator, std::string_view ending);

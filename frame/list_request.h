@@ -8,8 +8,10 @@
 
 namespace velrzm {
 
-/** A where clause that compares an attribute with a value of the caller, in the three parts that it is built
- * from. */
+/**
+ * A where clause that compares an attribute with a value of the caller, in the three parts that it is built
+ * from.
+ */
 struct Clause {
     const char* head;           // up to the value
     const char* value;          // the caller's
@@ -32,8 +34,10 @@ public:
     void where(const char* clause);
     /** Adds the clause, or refuses it like `requireFit`. */
     void where(const Clause& clause);
-    /** Makes the operation refuse a value that does not fit the clause buffer of 80 characters; it is never
-     * cut. */
+    /**
+     * Makes the operation refuse a value that does not fit the clause buffer of 80 characters; it is never
+     * cut.
+     */
     void requireFit(const Clause& clause);
     void orderBy(std::initializer_list<const char*> attributes);
     void open(OnFailure onFailure = OnFailure::Stop);

@@ -11,8 +11,10 @@
 
 namespace velrzm {
 
-/** The trace line before a step: the text, the step's value, and a closing mark; without a text there is no
- * line. */
+/**
+ * The trace line before a step: the text, the step's value, and a closing mark; without a text there is no
+ * line.
+ */
 struct Label {
     // NOLINTNEXTLINE(google-explicit-constructor): in the tables of steps most labels are their text alone
     Label(const char* labelText = nullptr, const char* closingMark = "-") noexcept

@@ -4,8 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 
-// NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): these are the names that programs
-// know
+// NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): the names that programs know
 VELUnicodeString _PrintListFileName;
 std::FILE* _PrintListFile = nullptr;
 int _Size = 0;
@@ -34,10 +33,13 @@ bool lineContains(const char* text)
     return std::strstr(buf, text) != nullptr;
 }
 
-/** The next word of the line in `buf`, from its beginning when `first`; null when there is none. */
+/**
+ * The next word of the line in `buf`, from its beginning when `first`; null when there is none. The line
+ * feed ends a word too.
+ */
 char* nextWord(bool first = false)
 {
-    return std::strtok(first ? buf : nullptr, " ");
+    return std::strtok(first ? buf : nullptr, " \n");
 }
 
 /** What stands between the brackets of a field; "" for a missing field or "[]". */

@@ -34,8 +34,10 @@ VELRZM_API int QvConnect(const char* user, const char* password);
  */
 VELRZM_API int QvExit();
 
-/** The version of the library, "RZM 424.1 / QV 340". The text is the library's own: neither change nor
- * release it. */
+/**
+ * The version of the library, "RZM 424.1 / QV 340". The text is the library's own: neither change nor
+ * release it.
+ */
 VELRZM_API char* RZMCodeLevel();
 
 #endif

@@ -33,8 +33,10 @@ VELRZM_API int DocumentCreateCheckIn(char* ecNumber, char* documentTitle, char* 
  */
 VELRZM_API int DocumentCheckOut(char* dbObjectId, char* documentNumber, char* revisionNumber,
                                 char** attributeNames);
-/** Checks a checked-out document version in again, with the defaults for "DocumentCheckIn"; see
- * DocumentCheckOut. */
+/**
+ * Checks a checked-out document version in again, with the defaults for "DocumentCheckIn"; see
+ * DocumentCheckOut.
+ */
 VELRZM_API int DocumentCheckIn(char* dbObjectId, char* documentNumber, char* revisionNumber,
                                char** attributeNames);
 /** Gives a check-out up, with the defaults for "DocumentCancelCheckOut"; see DocumentCheckOut. */

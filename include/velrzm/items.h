@@ -70,7 +70,8 @@ VELRZM_API int ItemOpen(char* itemNumber, char* ecNumber, VELListValVELUnicodeSt
 
 /**
  * Searches items. The current result is the list of those that match every filter given; an empty filter is
- * not used. A value that does not fit its clause (48 characters, 47 for the type code) is refused.
+ * not used. A value that does not fit its clause is refused: at most 44 characters for the item number, 49 for
+ * the change number, 47 for the type code and 48 for the others.
  *
  * @param itemNumber the beginning of the item number, or the whole number after a "="; turned to upper case
  * in place.

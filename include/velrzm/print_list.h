@@ -24,8 +24,10 @@ public:
      * names none.
      */
     static int Open(const VELUnicodeString& fileName);
-    /** Reads the next object; one without values when there is none. Returns 1, or 0 when no print list is
-     * open. */
+    /**
+     * Reads the next object; one without values when there is none. Returns 1, or 0 when no print list is
+     * open.
+     */
     static int Next();
     /** The value of attribute `name` of the current object; "" when it has none. */
     static VELUnicodeString GetValue(const VELUnicodeString& name);
@@ -37,8 +39,7 @@ public:
     static int Close();
 };
 
-// NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): these are the names that programs
-// know
+// NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): the names that programs know
 
 /** The file last given to Open. */
 VELRZM_API extern VELUnicodeString _PrintListFileName;

@@ -2,19 +2,15 @@
 //
 // The client interface of the Quorvanemaster server: the 38 functions that VELRZM calls.
 //
-// VELRZM only calls these functions; it does not define them. The server's own client library does, or
-// libqvlocal, or the program itself: whoever defines the names first when the program is loaded serves the
-// calls.
+// VELRZM only calls these functions; it does not define them. The server's own client library does, or libqvlocal,
+// or the program itself: whoever defines the names first when the program is loaded serves the calls.
 //
 // Conventions of the whole interface:
-//  1. Every function except the three message functions returns a 32-bit code: negative is a failure, zero
-//  and
+//  1. Every function except the three message functions returns a 32-bit code: negative is a failure, zero and
 //     positive are success. After a failure the messages of that call are kept for the message functions.
-//  2. Names and values are NUL-terminated byte texts, numbers included. Texts handed back belong to the
-//  server; they
-//     stay valid until the object, list or table that they came from is changed, destroyed or read again.
-//  3. A handle is made by a create, read or generate function, which fills the caller's handle variable, and
-//  is
+//  2. Names and values are NUL-terminated byte texts, numbers included. Texts handed back belong to the server;
+//     they stay valid until the object, list or table that they came from is changed, destroyed or read again.
+//  3. A handle is made by a create, read or generate function, which fills the caller's handle variable, and is
 //     released by the destroy function of its kind, which leaves the variable null.
 //  4. The interface is used from one thread at a time.
 #ifndef VELRZM_QV_SDK_H
@@ -34,8 +30,7 @@ constexpr int QV_ALREADY_STORED = -220;
 
 extern "C" {
 
-/* ---- Environment and user
- * ---------------------------------------------------------------------------------- */
+// ---- Environment and user ----
 
 /** Opens the client environment of this process. */
 int QV_Open_Env();
@@ -46,8 +41,7 @@ int QV_Logon(const char* user, const char* password, char* reserved1, char* rese
 /** Logs the user off. */
 int QV_Logoff();
 
-/* ---- Messages of the last failed call
- * ---------------------------------------------------------------------- */
+// ---- Messages of the last failed call ----
 
 /** The number of messages of the last failed call; zero or less means none. */
 int QV_Error_Size();
@@ -56,8 +50,7 @@ const char* QV_Error_MsgCode(int index);
 /** The text of message `index`, counted from 0. */
 const char* QV_Error_MsgTxt(int index);
 
-/* ---- Objects
- * ----------------------------------------------------------------------------------------------- */
+// ---- Objects ----
 
 /** Makes a new, empty object of `className` in `*object`. */
 int QV_Create_Object(QV_ObjectHandle* object, const char* className);
@@ -69,16 +62,17 @@ int QV_Set_Object_Attr(QV_ObjectHandle object, const char* path, const char* val
 int QV_Subscribe_Object_Attr(QV_ObjectHandle object, const char* path);
 /** Finds the object whose keys were set and loads the subscribed attributes. */
 int QV_Open_Object(QV_ObjectHandle object);
-/** Stores the object, as a new one or as a change of the one that was opened, and loads the subscribed
- * attributes. */
+/**
+ * Stores the object, as a new one or as a change of the one that was opened, and loads the subscribed
+ * attributes.
+ */
 int QV_Save_Object(QV_ObjectHandle object);
 /** Deletes the object that the attributes identify. */
 int QV_Delete_Object(QV_ObjectHandle object);
 /** Points `*value` at the text of the attribute `path`. */
 int QV_Get_Object_Attr(QV_ObjectHandle object, const char* path, const char** value);
 
-/* ---- Lists
- * ------------------------------------------------------------------------------------------------- */
+// ---- Lists ----
 
 /** Makes a new list of objects of `className` in `*list`. */
 int QV_Create_List(QV_ListHandle* list, const char* className);
@@ -93,8 +87,7 @@ int QV_SizeOf_List(QV_ListHandle list, int* size);
 /** Makes an object of record `index`, counted from 0, in `*record`; it carries the selected attributes. */
 int QV_Read_List(QV_ListHandle list, int index, QV_ObjectHandle* record);
 
-/* ---- Reports
- * ----------------------------------------------------------------------------------------------- */
+// ---- Reports ----
 
 /** Makes a new report of `className` named `reportName` in `*report`. */
 int QV_Create_Report(QV_ReportHandle* report, const char* className, const char* reportName);
@@ -107,8 +100,7 @@ int QV_Subscribe_Report_Attr(QV_ReportHandle report, const char* path);
 /** Runs the report and delivers its rows as a list in `*list`. */
 int QV_Generate_Report(QV_ReportHandle report, QV_ListHandle* list);
 
-/* ---- Documents
- * --------------------------------------------------------------------------------------------- */
+// ---- Documents ----
 
 /** Fills the check-in defaults of an opened document version. */
 int QV_Set_Doc_CheckIn_Defaults(QV_ObjectHandle document);
@@ -125,8 +117,7 @@ int QV_Create_and_CheckIn_Doc(QV_ObjectHandle document, int option);
 /** Makes the next revision of the document and hands back its handle in `*revision`. */
 int QV_Make_New_Revision(QV_ObjectHandle document, QV_ObjectHandle* revision);
 
-/* ---- Multi-save and translation tables
- * --------------------------------------------------------------------- */
+// ---- Multi-save and translation tables ----
 
 /** Starts collecting saves. */
 int QV_Start_Multisave();

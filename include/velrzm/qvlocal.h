@@ -6,8 +6,7 @@
 // Conventions:
 //  1. A store is named by its location, "sqlite:" and the path of its file.
 //  2. Every function reports a failure by throwing StoreError, whose text says what is wrong and what to do;
-//  nothing is
-//     changed then.
+//     nothing is changed then.
 //  3. The functions need no logon. Whoever may write the file administers the store.
 #ifndef VELRZM_QVLOCAL_H
 #define VELRZM_QVLOCAL_H

@@ -72,8 +72,10 @@ VELRZM_API int GetAttributeValue(int recNo, int attNo, char* name, char* value);
 VELRZM_API int GetAttributeValue(int recNo, int attNo, char* name, std::size_t nameSize, char* value,
                                  std::size_t valueSize);
 
-/** Stores the number of records in `*nbEntries` and of selected attributes in `*nbAttributes`; null is
- * skipped. */
+/**
+ * Stores the number of records in `*nbEntries` and of selected attributes in `*nbAttributes`; null is
+ * skipped.
+ */
 VELRZM_API void SizeOfAttributeValue(int* nbEntries, int* nbAttributes);
 
 #endif

@@ -92,8 +92,10 @@ inline bool operator!=(const char* left, const VELUnicodeString& right) noexcept
 /** Names that the framework's collections share. */
 class VELCollec {
 public:
-    /** What becomes of the elements of a collection that is emptied; lists of values release theirs in any
-     * case. */
+    /**
+     * What becomes of the elements of a collection that is emptied; lists of values release theirs in any
+     * case.
+     */
     enum MemoryHandling { KeepElements = 0, ReleaseElements = 1 };
 };
 

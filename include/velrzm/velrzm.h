@@ -4,22 +4,18 @@
 //
 // This header includes the whole interface. What holds for all of it:
 //
-//  1. Texts are NUL-terminated and stay the caller's. A null text counts as an empty one, a null array or
-//  list as one
-//     without entries, unless a function says otherwise. A `char*` argument is written to only where its
+//  1. Texts are NUL-terminated and stay the caller's. A null text counts as an empty one, a null array or list
+//     as one without entries, unless a function says otherwise. A `char*` argument is written to only where its
 //     function says so: many operations turn item, change and document numbers to upper case in the caller's
 //     own buffer.
 //  2. An array of attribute names is closed by a null pointer. A list (`VELListValVELUnicodeString`) counts
-//  from 1.
+//     from 1.
 //  3. Every operation replaces the one current result of the process (result.h) and returns `entries`: for an
-//  object
-//     1 when it succeeded and 0 when not, for a list the number of its records, 0 when none or on failure.
-//  4. Nothing is thrown. A failed call of the server is reported on standard output, in the access log, in
-//  the error
-//     log and in the last-error file (logging.h), and leaves its negative code in `QV_RC`.
-//  5. Values are copied into the caller's buffers, which must be large enough; where a function also comes
-//  with a size,
-//     it never writes past it.
+//     object 1 when it succeeded and 0 when not, for a list the number of its records, 0 when none or on failure.
+//  4. Nothing is thrown. A failed call of the server is reported on standard output, in the access log, in the
+//     error log and in the last-error file (logging.h), and leaves its negative code in `QV_RC`.
+//  5. Values are copied into the caller's buffers, which must be large enough; where a function also comes with
+//     a size, it never writes past it.
 //  6. All state is process-wide and unprotected: call the library from one thread at a time.
 #ifndef VELRZM_VELRZM_H
 #define VELRZM_VELRZM_H

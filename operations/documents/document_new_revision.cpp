@@ -94,8 +94,10 @@ std::string openBase(ObjectOperation& op, ObjectRequest& base, const RevisionInp
     return controlNumber;
 }
 
-/** Makes the new revision on the server. The handle that comes back is of no use: the list below finds the
- * revision. */
+/**
+ * Makes the new revision on the server. The handle that comes back is of no use: the list below finds the
+ * revision.
+ */
 void makeRevision(ObjectOperation& op)
 {
     if (op.stopped()) {
@@ -110,8 +112,10 @@ void makeRevision(ObjectOperation& op)
     }
 }
 
-/** Reads what the new revision is called, which is the last version of the document; the result is its
- * identifier. */
+/**
+ * Reads what the new revision is called, which is the last version of the document; the result is its
+ * identifier.
+ */
 std::string findRevision(ObjectOperation& op, OwnObject& record, const RevisionInputs& in,
                          const RevisionOutputs& out)
 {

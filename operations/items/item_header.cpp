@@ -11,8 +11,10 @@ using namespace velrzm;
 
 namespace {
 
-/** Makes the item an affected item of the change; its own result replaces `QV_RC`, so a failure does not
- * count here. */
+/**
+ * Makes the item an affected item of the change; its own result replaces `QV_RC`, so a failure does not
+ * count here.
+ */
 void release(const ObjectOperation& op, std::string ecNumber, std::string itemNumber)
 {
     op.trace(" Calling AffectedItemCreate for Item ", itemNumber, " at EC ", ecNumber);
