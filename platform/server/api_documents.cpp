@@ -5,7 +5,6 @@ using qvserver::fail;
 using qvserver::Failure;
 using qvserver::given;
 using qvserver::guard;
-using qvserver::Object;
 using qvserver::Session;
 
 namespace {

@@ -10,6 +10,7 @@ namespace qvserver {
 
 namespace {
 
+// NOLINTNEXTLINE(readability-function-size): a table, not steps
 std::vector<Class> makeClasses()
 {
     const Reference changeOfItem = {"EngineeringChange", {{"il_ec_number", "id"}}, Needed::IfSet};

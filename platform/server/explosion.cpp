@@ -145,7 +145,9 @@ class Walk {
 public:
     Walk(Store& store, Query lines, std::string_view top, ExplosionRows& rows)
         : lookup_(store.lookup(std::move(lines), columnNames[0].path)), top_(top), rows_(rows), parts_(1)
-    {}
+    {
+        partOfItem_.find(top_, 0, [](std::uint32_t /*number*/) { return false; });
+    }
 
     void run(std::size_t maxLevel)
     {
@@ -263,7 +265,7 @@ private:
             if (step.part == last.part || !items.empty()) {
                 items.emplace_back(item);
             }
-            item = childOf(lines_[step.next - 1].row);
+            item = itemOf(lines_[step.next - 1].part);
         }
         items.push_back(items.front());
         failOfCycle(items, "delete one of these components");

@@ -20,7 +20,7 @@ namespace qvserver {
 /** The live handles of one kind. `kind` is between 1 and 15, another one for each type of handle. */
 template <typename Handle, typename State, std::uint64_t kind>
 class HandleTable {
-    static_assert(sizeof(Handle) == sizeof(std::uint64_t),
+    static_assert(sizeof(std::uintptr_t) == sizeof(std::uint64_t),
                   "a handle holds place, generation and kind in 64 bits");
 
 public:

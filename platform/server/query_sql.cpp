@@ -138,7 +138,7 @@ private:
         if (const auto known = places_.find(relations); known != places_.end()) {
             return known->second;
         }
-        const Place to = {&classNamed(relation.target), 't' + std::to_string(places_.size() + 1)};
+        Place to = {&classNamed(relation.target), 't' + std::to_string(places_.size() + 1)};
         const std::string table = sqlName(relation.target);
         const std::string source = from.alias + '.' + sqlName(relation.link.from);
         joins_ += (query_.relatedMayMiss ? " LEFT JOIN " : " JOIN ") + table + " AS " + to.alias + " ON " +
