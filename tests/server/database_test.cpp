@@ -28,9 +28,11 @@ int watchConnection(sqlite3* database, char** /*error*/, const sqlite3_api_routi
 }
 
 class DatabaseTest : public StoreFileTest {
+public:
+    ~DatabaseTest() override { sqlite3_cancel_auto_extension(reinterpret_cast<void (*)()>(watchConnection)); }
+
 protected:
     DatabaseTest() { sqlite3_auto_extension(reinterpret_cast<void (*)()>(watchConnection)); }
-    ~DatabaseTest() override { sqlite3_cancel_auto_extension(reinterpret_cast<void (*)()>(watchConnection)); }
 
     static std::ptrdiff_t times(const std::string& sql)
     {

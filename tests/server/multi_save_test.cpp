@@ -44,7 +44,8 @@ TEST_F(MultiSaveTest, DiscardLogoffAndCloseDropTheSaves)
     ASSERT_EQ(QV_Start_Multisave(), 0);
     ASSERT_EQ(save("EC1"), 0);
     ASSERT_EQ(QV_Close_Env(), 0);
-    ServerTest::SetUp();
+    ASSERT_EQ(QV_Open_Env(), 0);
+    ASSERT_EQ(logon(), 0) << message();
     EXPECT_EQ(changes(), 0U);
 }
 

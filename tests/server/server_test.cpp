@@ -53,6 +53,27 @@ std::string read(const std::string& className, const Pairs& keys, const std::str
     return object.open() == 0 ? object.get(path) : "";
 }
 
+namespace {
+
+/** The values that the Select clauses ask for of record `row`. */
+std::vector<std::string> readRow(QV_ListHandle list, int row, const Clauses& clauses)
+{
+    std::vector<std::string> values;
+    QV_ObjectHandle record = nullptr;
+    EXPECT_EQ(QV_Read_List(list, row, &record), 0) << message();
+    for (const auto& [kind, text] : clauses) {
+        const char* value = nullptr;
+        if (kind == "Select") {
+            EXPECT_EQ(QV_Get_Object_Attr(record, text.c_str(), &value), 0) << message();
+            values.emplace_back(value == nullptr ? "" : value);
+        }
+    }
+    EXPECT_EQ(QV_Destroy_Object(&record), 0) << message();
+    return values;
+}
+
+} // namespace
+
 Table query(const std::string& className, const Clauses& clauses)
 {
     QV_ListHandle list = nullptr;
@@ -65,17 +86,7 @@ Table query(const std::string& className, const Clauses& clauses)
     EXPECT_EQ(QV_SizeOf_List(list, &size), 0) << message();
     Table table;
     for (int row = 0; row < size; ++row) {
-        QV_ObjectHandle record = nullptr;
-        EXPECT_EQ(QV_Read_List(list, row, &record), 0) << message();
-        table.emplace_back();
-        for (const auto& [kind, text] : clauses) {
-            const char* value = nullptr;
-            if (kind == "Select") {
-                EXPECT_EQ(QV_Get_Object_Attr(record, text.c_str(), &value), 0) << message();
-                table.back().emplace_back(value == nullptr ? "" : value);
-            }
-        }
-        EXPECT_EQ(QV_Destroy_Object(&record), 0) << message();
+        table.push_back(readRow(list, row, clauses));
     }
     EXPECT_EQ(QV_Destroy_List(&list), 0) << message();
     return table;

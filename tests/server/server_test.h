@@ -76,9 +76,11 @@ private:
 
 /** A session over a store in memory. */
 class ServerTest : public testing::Test {
+public:
+    ~ServerTest() override;
+
 protected:
     explicit ServerTest(const std::string& location = "sqlite::memory:");
-    ~ServerTest() override;
     void SetUp() override;
     /** Logs on; the code. */
     static int logon(const std::string& user = "jdoe", const std::string& password = "secret");

@@ -1,0 +1,373 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <filesystem>
+
+#include "tests/harness/library_test.h"
+
+using harness::atLevel;
+using harness::captureOutput;
+using harness::errorBlock;
+using harness::lines;
+using harness::Outcome;
+using harness::readFile;
+
+namespace {
+
+constexpr const char* accessBanner = "*****         (logging all SDK access to Quorvanemastr)         *****";
+constexpr const char* errorBanner = "*****     (logging all SDK errors returned by Quorvanemastr)    *****";
+
+std::string logHeader(const std::string& banner)
+{
+    const std::string stars = std::string(69, '*') + '\n';
+    return "RZM 424.1 / QV 340\n" + stars +
+           "*****      VELRZM : VELOR/HXD - Quorvanemaster Integration      *****\n" + banner + '\n' + stars;
+}
+
+class Connection : public harness::LibraryTest {
+protected:
+    /** A first connection as `connect` makes it, for tests that look at it. */
+    Outcome firstConnect(int level = 0)
+    {
+        setEnvironment("QVL_TRACE_LEVEL", std::to_string(level));
+        setEnvironment("QVL_LOG_FILE", "access.log");
+        return record(logOn);
+    }
+    static int logOn() { return QvConnect("jdoe", "secret"); }
+    static Outcome exitLibrary() { return record(QvExit); }
+    static void expectState(int environment, int user)
+    {
+        EXPECT_EQ(EnvOpened, environment);
+        EXPECT_EQ(UserLoggedOn, user);
+    }
+    static void expectLogsClosed()
+    {
+        EXPECT_EQ(QVL_Log_File, nullptr);
+        EXPECT_EQ(QVL_ErrLog_File, nullptr);
+    }
+};
+
+TEST_F(Connection, TheFirstConnectOpensLogsEnvironmentAndSession)
+{
+    for (const int level : {-1, 0, 1, 2, 5, 9}) {
+        SCOPED_TRACE("at trace level " + std::to_string(level));
+        restart();
+        const Outcome outcome = firstConnect(level);
+        EXPECT_EQ(outcome.result, 1);
+        expectState(1, 1);
+        EXPECT_EQ(outcome.output, atLevel(level, R"(
+* LogFile=access.log
+* Opening LogFile access.log
+* Opening Error LogFile ./QVL_LOG_ERROR
+0 RZM 424.1 / QV 340.
+0 QvConnect --- Connecting to Quorvanemaster: trying .....
+5 QvConnect QV_Open_Env  : QV_RC=0.
+0 QvConnect --- Loging as user jdoe: trying .....
+5 QvConnect QV_Logon  : QV_RC=0.
+1 QvConnect --- ************************************.
+1 QvConnect --- *** QvConnect- RC(QV_Logon)=0.
+1 QvConnect --- ************************************.
+0 QvConnect --- ... done!.
+)"));
+        EXPECT_EQ(outcome.calls, lines(R"(
+QV_Open_Env() = 0
+QV_Logon("jdoe", "secret", "", "") = 0
+)"));
+        EXPECT_EQ(outcome.accessLog, logHeader(accessBanner) + lines(R"(
+QvConnect- rc(QV_Open_Env) = 0
+QvConnect- rc(QV_Logon) = 0
+)"));
+        EXPECT_EQ(outcome.errorLog, logHeader(errorBanner));
+        EXPECT_EQ(lastError(), version);
+    }
+}
+
+TEST_F(Connection, PositiveCodesConnectAndDisconnect)
+{
+    for (const char* const function : {"QV_Open_Env", "QV_Logon", "QV_Logoff", "QV_Close_Env"}) {
+        standin::answer(function, 3);
+    }
+    const Outcome outcome = firstConnect(1);
+    EXPECT_EQ(outcome.result, 1);
+    EXPECT_EQ(harness::countLines(outcome.output, "QvConnect --- *** QvConnect- RC(QV_Logon)=3."), 1);
+    EXPECT_EQ(harness::countLines(outcome.output, "QvConnect --- ... done!."), 1);
+    expectState(1, 1);
+    EXPECT_EQ(exitLibrary().result, 1);
+    expectState(0, 0);
+}
+
+TEST_F(Connection, TheTraceLevelIsReadOnceAsANumber)
+{
+    const std::pair<std::optional<std::string>, int> levels[] = {
+        {std::nullopt, 0}, {"", 0}, {"abc", 0}, {"-1", -1}, {"5", 5}, {"7x", 7}, {" 2", 2},
+    };
+    for (const auto& [value, level] : levels) {
+        SCOPED_TRACE(value.value_or("unset"));
+        restart();
+        setEnvironment("QVL_TRACE_LEVEL", value);
+        captureOutput(logOn);
+        EXPECT_EQ(QVL_Traces_Level, level);
+        EXPECT_EQ(QVL_Traces_FirstTime, 0);
+        setEnvironment("QVL_TRACE_LEVEL", "9");
+        captureOutput(logOn);
+        EXPECT_EQ(QVL_Traces_Level, level);
+    }
+}
+
+TEST_F(Connection, WithoutALogPathThereIsNoAccessLog)
+{
+    const Outcome outcome = record(logOn);
+    EXPECT_EQ(outcome.output, lines(R"(
+LogFile=
+Opening Error LogFile ./QVL_LOG_ERROR
+RZM 424.1 / QV 340.
+QvConnect --- Connecting to Quorvanemaster: trying .....
+QvConnect --- Loging as user jdoe: trying .....
+QvConnect --- ... done!.
+)"));
+    EXPECT_EQ(QVL_Log_File, nullptr);
+    EXPECT_EQ(QVL_Log_FirstTime, 0);
+    EXPECT_EQ(outcome.errorLog, logHeader(errorBanner));
+}
+
+TEST_F(Connection, TheFilesAreWhereTheEnvironmentSaysAndAreEmptiedFirst)
+{
+    for (const char* const path : {"access", "errors", "last"}) {
+        harness::writeFile(path, std::string(5000, 'o'));
+    }
+    setEnvironment("QVL_LOG_FILE", "access");
+    setEnvironment("QVL_LOG_ERROR", "errors");
+    setEnvironment("QVL_LAST_ERROR", "last");
+    const Outcome outcome = record(logOn);
+    EXPECT_EQ(harness::countLines(outcome.output, "Opening LogFile access"), 1);
+    EXPECT_EQ(harness::countLines(outcome.output, "Opening Error LogFile errors"), 1);
+    EXPECT_EQ(readFile("access"),
+              logHeader(accessBanner) + "QvConnect- rc(QV_Open_Env) = 0\nQvConnect- rc(QV_Logon) = 0\n");
+    EXPECT_EQ(readFile("errors"), logHeader(errorBanner));
+    EXPECT_EQ(readFile("last"), version);
+    EXPECT_FALSE(std::filesystem::exists("QVL_LOG_ERROR"));
+    EXPECT_FALSE(std::filesystem::exists("QVL_LAST_ERROR"));
+}
+
+TEST_F(Connection, FilesThatCannotBeMadeAreDoneWithout)
+{
+    const std::string nowhere = "no/such/directory/" + std::string(300, 'd');
+    for (const char* const name : {"QVL_LOG_FILE", "QVL_LOG_ERROR", "QVL_LAST_ERROR"}) {
+        setEnvironment(name, nowhere);
+    }
+    standin::answer("QV_Logon", -7, {{"E1", "Refused"}});
+    const Outcome outcome = record(logOn);
+    EXPECT_EQ(outcome.result, 0);
+    EXPECT_EQ(outcome.output, "LogFile=" + nowhere + "\nOpening LogFile " + nowhere +
+                                  "\nOpening Error LogFile " + nowhere + lines(R"(
+
+RZM 424.1 / QV 340.
+QvConnect --- Connecting to Quorvanemaster: trying .....
+QvConnect --- Loging as user jdoe: trying .....
+****** Refused .
+QvConnect --- *** ERROR *** Unable to logon to Quorvanemaster.
+)"));
+    expectLogsClosed();
+    EXPECT_TRUE(std::filesystem::is_empty("."));
+}
+
+TEST_F(Connection, ASecondConnectOnlyResetsTheLastError)
+{
+    firstConnect(9);
+    DisplayError("Import", "File is empty");
+    setEnvironment("QVL_LOG_FILE", "other.log");
+    setEnvironment("QVL_LOG_ERROR", "other.errors");
+    const Outcome outcome = record(logOn);
+    EXPECT_EQ(outcome.result, 1);
+    EXPECT_EQ(outcome.calls + outcome.output + outcome.accessLog + outcome.errorLog, "");
+    EXPECT_EQ(lastError(), version);
+    EXPECT_FALSE(std::filesystem::exists("other.log"));
+    EXPECT_FALSE(std::filesystem::exists("other.errors"));
+}
+
+TEST_F(Connection, AnEnvironmentThatDoesNotOpenIsReportedAndTriedAgain)
+{
+    standin::answer("QV_Open_Env", -7, {{"E1", "No licence"}, {"E2", "Ask the administrator"}});
+    const Outcome outcome = firstConnect(5);
+    EXPECT_EQ(outcome.result, 0);
+    expectState(0, 0);
+    EXPECT_EQ(outcome.calls, "QV_Open_Env() = -7\n");
+    EXPECT_EQ(outcome.output, lines(R"(
+LogFile=access.log
+Opening LogFile access.log
+Opening Error LogFile ./QVL_LOG_ERROR
+RZM 424.1 / QV 340.
+QvConnect --- Connecting to Quorvanemaster: trying .....
+QvConnect QV_Open_Env  : QV_RC=-7.
+****** No licence Ask the administrator .
+)"));
+    EXPECT_EQ(outcome.accessLog, logHeader(accessBanner) + lines(R"(
+QvConnect- rc(QV_Open_Env) = -7
+E1 - No licence
+E2 - Ask the administrator
+)"));
+    EXPECT_EQ(outcome.errorLog,
+              logHeader(errorBanner) + errorBlock("QvConnect", "No licence Ask the administrator "));
+    EXPECT_EQ(lastError(), "No licence Ask the administrator \n");
+
+    standin::answer("QV_Open_Env", 0);
+    const Outcome again = record(logOn);
+    EXPECT_EQ(again.result, 1);
+    EXPECT_EQ(again.calls, "QV_Open_Env() = 0\nQV_Logon(\"jdoe\", \"secret\", \"\", \"\") = 0\n");
+    EXPECT_EQ(lastError(), version);
+    expectState(1, 1);
+}
+
+TEST_F(Connection, ALogonThatIsRefusedIsReportedAndTriedAgainInTheOpenEnvironment)
+{
+    for (const int level : {-1, 0, 1, 2, 5, 9}) {
+        SCOPED_TRACE("at trace level " + std::to_string(level));
+        restart();
+        standin::answer("QV_Logon", -7, {{"E1", "Unknown user"}});
+        const Outcome first = firstConnect(level);
+        EXPECT_EQ(first.result, 0);
+        expectState(1, 0);
+        EXPECT_EQ(first.errorLog, logHeader(errorBanner) + errorBlock("QvConnect", "Unknown user "));
+
+        const Outcome second = record(logOn);
+        EXPECT_EQ(second.result, 0);
+        expectState(1, 0);
+        EXPECT_EQ(second.calls, "QV_Logon(\"jdoe\", \"secret\", \"\", \"\") = -7\n");
+        EXPECT_EQ(second.output, atLevel(level, R"(
+0 QvConnect --- Loging as user jdoe: trying .....
+5 QvConnect QV_Logon  : QV_RC=-7.
+0 ****** Unknown user .
+1 QvConnect --- ************************************.
+1 QvConnect --- *** QvConnect- RC(QV_Logon)=-7.
+1 QvConnect --- ************************************.
+0 QvConnect --- *** ERROR *** Unable to logon to Quorvanemaster.
+)"));
+        EXPECT_EQ(second.accessLog, "QvConnect- rc(QV_Logon) = -7\nE1 - Unknown user\n");
+        EXPECT_EQ(lastError(), "Unknown user \n");
+
+        standin::answer("QV_Logon", 0);
+        EXPECT_EQ(record(logOn).result, 1);
+        expectState(1, 1);
+    }
+}
+
+TEST_F(Connection, NullUserAndPasswordCountAsEmpty)
+{
+    connect();
+    UserLoggedOn = 0;
+    const Outcome outcome = record([] { return QvConnect(nullptr, nullptr); });
+    EXPECT_EQ(outcome.result, 1);
+    EXPECT_EQ(outcome.calls, "QV_Logon(\"\", \"\", \"\", \"\") = 0\n");
+    EXPECT_EQ(outcome.output, "QvConnect --- Loging as user : trying .....\nQvConnect --- ... done!.\n");
+}
+
+TEST_F(Connection, ExitWithoutAConnectionCallsNothing)
+{
+    const Outcome outcome = exitLibrary();
+    EXPECT_EQ(outcome.result, 1);
+    EXPECT_EQ(outcome.calls + outcome.output, "");
+    expectState(0, 0);
+}
+
+TEST_F(Connection, ExitWithoutAUserClosesTheEnvironment)
+{
+    standin::answer("QV_Logon", -7);
+    firstConnect(5);
+    const Outcome outcome = exitLibrary();
+    EXPECT_EQ(outcome.result, 1);
+    EXPECT_EQ(outcome.calls, "QV_Close_Env() = 0\n");
+    EXPECT_EQ(outcome.output, "QvExit QV_Close_Env  : QV_RC=0.\n");
+    expectState(0, 0);
+    expectLogsClosed();
+}
+
+TEST_F(Connection, ExitDestroysListAndReportLogsOffAndClosesEverything)
+{
+    atEachLevel([](int level) {
+        ASSERT_EQ(QV_Create_Object(&QV_ObjPtr, "BomHeader"), 0);
+        ASSERT_EQ(QV_Create_Report(&QV_RepPtr, "IndentedRetrievalStrmElm", "ExplosionRetrieval"), 0);
+        ASSERT_EQ(QV_Generate_Report(QV_RepPtr, &QV_ListPtr), 0);
+        const Outcome outcome = exitLibrary();
+        EXPECT_EQ(outcome.result, 1);
+        EXPECT_EQ(outcome.calls, lines(R"(
+QV_Destroy_Report(report1) = 0
+QV_Destroy_List(list1) = 0
+QV_Logoff() = 0
+QV_Close_Env() = 0
+)"));
+        EXPECT_EQ(outcome.output, atLevel(level, R"(
+2 DestroyListOrReport-----Start-------.
+5 DestroyListOrReport QV_Destroy_Report  : QV_RC=0.
+5 DestroyListOrReport QV_Destroy_List  : QV_RC=0.
+2 DestroyListOrReport-----Exit--------.
+5 QvExit QV_Logoff  : QV_RC=0.
+5 QvExit QV_Close_Env  : QV_RC=0.
+)"));
+        EXPECT_EQ(outcome.accessLog, lines(R"(
+DestroyListOrReport- rc(QV_Destroy_Report) = 0
+DestroyListOrReport- rc(QV_Destroy_List) = 0
+QvExit- rc(QV_Logoff) = 0
+QvExit- rc(QV_Close_Env) = 0
+)"));
+        expectState(0, 0);
+        expectLogsClosed();
+        EXPECT_NE(QV_ObjPtr, nullptr) << "the object is not the connection's to destroy";
+    });
+}
+
+TEST_F(Connection, ALogoffThatFailsLeavesTheConnectionAndClosesTheLogs)
+{
+    connect();
+    standin::answer("QV_Logoff", -7, {{"E1", "Busy"}});
+    const Outcome outcome = exitLibrary();
+    EXPECT_EQ(outcome.result, 1);
+    EXPECT_EQ(outcome.calls, "QV_Logoff() = -7\n");
+    EXPECT_EQ(outcome.output, "****** Busy .\n");
+    EXPECT_EQ(outcome.accessLog, "QvExit- rc(QV_Logoff) = -7\nE1 - Busy\n");
+    EXPECT_EQ(outcome.errorLog, errorBlock("QvExit", "Busy "));
+    EXPECT_EQ(lastError(), "Busy \n");
+    expectState(1, 1);
+    expectLogsClosed();
+}
+
+TEST_F(Connection, AnEnvironmentThatDoesNotCloseStaysOpen)
+{
+    connect();
+    standin::answer("QV_Close_Env", -7, {{"E1", "Busy"}});
+    const Outcome outcome = exitLibrary();
+    EXPECT_EQ(outcome.result, 1);
+    EXPECT_EQ(outcome.calls, "QV_Logoff() = 0\nQV_Close_Env() = -7\n");
+    EXPECT_EQ(outcome.errorLog, errorBlock("QvExit", "Busy "));
+    expectState(1, 0);
+    expectLogsClosed();
+}
+
+TEST_F(Connection, AfterAnExitTheConnectionComesBackAndTheLogsDoNot)
+{
+    connect(0);
+    captureOutput(QvExit);
+    standin::answer("QV_Logon", -7, {{"E1", "Refused"}});
+    const Outcome refused = record(logOn);
+    EXPECT_EQ(refused.result, 0);
+    EXPECT_EQ(refused.calls, "QV_Open_Env() = 0\nQV_Logon(\"jdoe\", \"secret\", \"\", \"\") = -7\n");
+    EXPECT_EQ(refused.output, lines(R"(
+RZM 424.1 / QV 340.
+QvConnect --- Connecting to Quorvanemaster: trying .....
+QvConnect --- Loging as user jdoe: trying .....
+****** Refused .
+QvConnect --- *** ERROR *** Unable to logon to Quorvanemaster.
+)"));
+    EXPECT_EQ(refused.accessLog + refused.errorLog, "");
+    EXPECT_EQ(lastError(), version) << "without an error log only the reset is written";
+    expectLogsClosed();
+
+    standin::answer("QV_Logon", 0);
+    EXPECT_EQ(record(logOn).result, 1);
+    expectState(1, 1);
+    expectLogsClosed();
+}
+
+TEST_F(Connection, TheCodeLevelNamesLibraryAndServer)
+{
+    EXPECT_STREQ(RZMCodeLevel(), "RZM 424.1 / QV 340");
+}
+
+} // namespace

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// The fixture of every test of the library: a process as it is right after loading, in an empty working
+// directory, with the stand-in behind the server interface. At the end no handle may have been misused or
+// leaked.
+#ifndef VELRZM_TESTS_HARNESS_LIBRARY_TEST_H
+#define VELRZM_TESTS_HARNESS_LIBRARY_TEST_H
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include <gtest/gtest.h>
+#include <velrzm/velrzm.h>
+
+#include "tests/harness/files.h"
+#include "tests/harness/texts.h"
+#include "tests/standin/standin.h"
+
+namespace harness {
+
+/** What one use of the library gave and wrote. */
+struct Outcome {
+    int result = 0;
+    std::string output;
+    /** The server calls, one line each. */
+    std::string calls;
+    /** What was added to the logs. */
+    std::string accessLog;
+    std::string errorLog;
+};
+
+/** The block that a failed call adds to the error log. */
+std::string errorBlock(const std::string& function, const std::string& text);
+
+class LibraryTest : public ::testing::Test {
+protected:
+    static constexpr const char* version = "RZM 424.1 / QV 340";
+
+    void SetUp() override { startProcess(); }
+    void TearDown() override { endProcess(); }
+
+    /** Ends the process, in effect, and starts another one: for a test that goes through several cases. */
+    void restart();
+    /** Runs `test` once at each trace level that matters, each time connected in a process of its own. */
+    void atEachLevel(const std::function<void(int level)>& test);
+
+    /** Sets an environment variable for the rest of the process; removes it when there is no value. */
+    void setEnvironment(const std::string& name, const std::optional<std::string>& value);
+    /** Connects at a trace level, with the logs in access.log and ./QVL_LOG_ERROR; forgets the calls of it.
+     */
+    void connect(int level = 0);
+    /** Runs `use` and gathers what it did; calls are counted afresh. */
+    static Outcome record(const std::function<int()>& use);
+    static std::string lastError() { return readFile("QVL_LAST_ERROR"); }
+
+    /** A list result of these records, as a list operation leaves it. */
+    static void makeListResult(const std::vector<standin::Record>& records);
+
+private:
+    void startProcess();
+    void endProcess();
+
+    std::optional<TemporaryDirectory> directory_;
+    std::optional<Environment> environment_;
+};
+
+} // namespace harness
+
+#endif

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// Texts for the library's `char*` arguments, and the writing of expected transcripts.
+#ifndef VELRZM_TESTS_HARNESS_TEXTS_H
+#define VELRZM_TESTS_HARNESS_TEXTS_H
+
+#include <initializer_list>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <velrzm/vel_types.h>
+
+namespace harness {
+
+/** A text in memory of its own for a `char*` argument: `EngineeringChangeOpen(Text(""), Text("EC-1"),
+ * names)`. */
+class Text {
+public:
+    explicit Text(std::string text) : text_(std::move(text)) {}
+    // NOLINTNEXTLINE(google-explicit-constructor): stands where a `char*` is asked for
+    operator char*() { return text_.data(); }
+    const std::string& str() const { return text_; }
+
+private:
+    std::string text_;
+};
+
+/** A null-terminated array of names. */
+class Names {
+public:
+    explicit Names(std::vector<std::string> names) : names_(std::move(names))
+    {
+        for (std::string& name : names_) {
+            pointers_.push_back(name.data());
+        }
+        pointers_.push_back(nullptr);
+    }
+    Names(const Names&) = delete;
+    Names& operator=(const Names&) = delete;
+    ~Names() = default;
+    // NOLINTNEXTLINE(google-explicit-constructor): stands where a `char**` is asked for
+    operator char**() { return pointers_.data(); }
+    const std::vector<std::string>& all() const { return names_; }
+
+private:
+    std::vector<std::string> names_;
+    std::vector<char*> pointers_;
+};
+
+/** A list of these texts; a null one stands for a string that was never given a text. */
+VELListValVELUnicodeString textList(std::initializer_list<const char*> texts);
+VELListValVELUnicodeString textList(const std::vector<std::string>& texts);
+
+/** `count` names: prefix1, prefix2, ... */
+std::vector<std::string> numberedNames(const std::string& prefix, int count);
+
+/** An expected text written as a raw string that begins on the line after the opening bracket; a tab is
+ * written `\t`. */
+std::string lines(const std::string& raw);
+
+/**
+ * The lines that standard output shows at a trace level. Each line of `raw` begins with its threshold and a
+ * blank; "*" stands for a line that is written at every level.
+ *
+ *     atLevel(2, R"(
+ *     0 ****** refused .
+ *     2 EngineeringChangeOpen- Selected Attributes are ....
+ *     5 EngineeringChangeOpen QV_Open_Object  : QV_RC=-7.
+ *     )")
+ */
+std::string atLevel(int level, const std::string& raw);
+
+/** How many lines of `text` contain `part`. */
+int countLines(const std::string& text, const std::string& part = "");
+
+} // namespace harness
+
+#endif

@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// Loading options, packages and translation tables from CSV files.
+#include <functional>
+
+#include <velrzm/qvlocal.h>
+
+#include "tests/server/server_test.h"
+
+namespace servertest {
+namespace {
+
+class LoaderTest : public StoreFileTest {
+protected:
+    using Load = std::size_t (*)(const std::string&, const std::string&);
+
+    static std::size_t load(Load function, const std::string& content)
+    {
+        harness::writeFile("rows.csv", content);
+        return function(location, "rows.csv");
+    }
+
+    /** Why the load was refused; "" when it was not. */
+    static std::string refusal(Load function, const std::string& content)
+    {
+        try {
+            load(function, content);
+        } catch (const qvlocal::StoreError& error) {
+            return error.what();
+        }
+        return "";
+    }
+
+    static Table options()
+    {
+        return query("ProductOption", {{"Select", "product"},
+                                       {"Select", "feature"},
+                                       {"Select", "variant"},
+                                       {"OrderBy", "product"},
+                                       {"OrderBy", "feature"},
+                                       {"OrderBy", "variant"}});
+    }
+    static Table packages()
+    {
+        return query("ProductOptionPkg", {{"Select", "product"}, {"Select", "package_id"}});
+    }
+    /** The entries of all translation tables, in their order. */
+    static Table entries()
+    {
+        return query("TranslationEntry", {{"Select", "table_name"}, {"Select", "from"}, {"Select", "to"}});
+    }
+};
+
+TEST_F(LoaderTest, ReadsFieldsAsSpreadsheetsWriteThem)
+{
+    EXPECT_EQ(load(qvlocal::loadProductOptions, "\xEF\xBB\xBF"
+                                                "product,feature,variant\r\n"
+                                                "\"P,1\",\"say \"\"hi\"\"\",\"two\r\nlines\"\r\n"
+                                                "\r\n"
+                                                "  P2 , F , V"),
+              2U);
+    EXPECT_EQ(options(), (Table{{"P,1", "say \"hi\"", "two\r\nlines"}, {"P2", "F", "V"}}));
+    EXPECT_EQ(load(qvlocal::loadProductPackages, "\"package_id\",\"product\"\rK1,P1\rK2,P1\r"), 2U);
+    EXPECT_EQ(packages(), (Table{{"P1", "K1"}, {"P1", "K2"}}));
+    EXPECT_EQ(
+        load(qvlocal::loadTranslationTables, "table,from,to\nunits,kg,KGM\nunits,each,\"\"\n\"a b\",x,y\n"),
+        3U);
+    EXPECT_EQ(entries(), (Table{{"units", "kg", "KGM"}, {"units", "each", ""}, {"a b", "x", "y"}}));
+    EXPECT_EQ(load(qvlocal::loadProductOptions, "variant,product,feature\n"), 0U);
+}
+
+TEST_F(LoaderTest, ReplacesWhatTheFileNamesAndNothingElse)
+{
+    load(qvlocal::loadProductOptions, "product,feature,variant\nP1,F,old\nP1,F,kept\nP2,F,V\n");
+    load(qvlocal::loadProductOptions, "product,feature,variant\nP1,F,kept\nP1,F,new\n");
+    EXPECT_EQ(options(), (Table{{"P1", "F", "kept"}, {"P1", "F", "new"}, {"P2", "F", "V"}}));
+    load(qvlocal::loadTranslationTables, "table,from,to\nt,a,1\nt,b,2\nu,a,3\n");
+    load(qvlocal::loadTranslationTables, "table,from,to\nt,b,2\nt,a,9\n");
+    EXPECT_EQ(entries(), (Table{{"u", "a", "3"}, {"t", "b", "2"}, {"t", "a", "9"}}));
+}
+
+TEST_F(LoaderTest, RefusesWrongRowsWithFileLineAndReason)
+{
+    struct Case {
+        Load function;
+        std::string content;
+        std::string line;
+        std::string reason;
+    };
+    const std::string header = "product,feature,variant\n";
+    const std::string good = "P1,F,\"two\nlines\"\n\n"; // lines 2 to 4
+    const std::vector<Case> cases = {
+        {qvlocal::loadProductOptions, "", "1", "product,feature,variant"},
+        {qvlocal::loadProductOptions, "\n\nP1,F,V\n", "3", "'P1,F,V'"},
+        {qvlocal::loadProductOptions, "product,feature\n", "1", "'product,feature'"},
+        {qvlocal::loadProductOptions, "product,feature,variant,variant\n", "1", "product,feature,variant"},
+        {qvlocal::loadProductOptions, "product,feature,feature\n", "1", "product,feature,variant"},
+        {qvlocal::loadProductPackages, header, "1", "product,package_id"},
+        {qvlocal::loadTranslationTables, header, "1", "table,from,to"},
+        {qvlocal::loadProductOptions, header + good + "P2,F\n", "5", "2 fields instead of 3"},
+        {qvlocal::loadProductOptions, header + good + "P2,F,V,\n", "5", "4 fields instead of 3"},
+        {qvlocal::loadProductOptions, header + good + ",F,V\n", "5", "product is empty"},
+        {qvlocal::loadProductOptions, header + good + "P2,\" \",V\n", "5", "feature is empty"},
+        {qvlocal::loadProductOptions, header + good + "P2,F,\n", "5", "variant is empty"},
+        {qvlocal::loadTranslationTables, "table,from,to\nt,,b\n", "2", "from is empty"},
+        {qvlocal::loadProductOptions, header + good + "P2,F,V\nP2,F,\"V \"\n", "6", "line 5"},
+        {qvlocal::loadTranslationTables, "table,from,to\nt,a,b\nu,a,b\nt,a,c\n", "4", "line 2"},
+        {qvlocal::loadProductOptions, header + good + "P2,F,\"V\"x\n", "5", "quotes"},
+        {qvlocal::loadProductOptions, header + good + "P2,F\"F,V\n", "5", "quotes"},
+        {qvlocal::loadProductOptions, header + good + "P2,F,\"V\nP3,F,V\n", "5", "quotes"},
+        {qvlocal::loadProductOptions, header + good + "P2,F," + std::string(1, '\0') + "\n", "5", "NUL"},
+        {qvlocal::loadProductOptions, header + good + "P2,F," + std::string(4001, 'V') + "\n", "5", "4000"},
+    };
+    load(qvlocal::loadProductOptions, header + "P1,F,V\n");
+    for (const Case& wrong : cases) {
+        const std::string text = refusal(wrong.function, wrong.content);
+        EXPECT_EQ(text.rfind("rows.csv:" + wrong.line + ": ", 0), 0U) << text;
+        EXPECT_NE(text.find(wrong.reason), std::string::npos) << text << "\nfor: " << wrong.reason;
+    }
+    EXPECT_EQ(options(), (Table{{"P1", "F", "V"}}));
+    EXPECT_TRUE(packages().empty());
+    EXPECT_TRUE(entries().empty());
+    EXPECT_EQ(load(qvlocal::loadProductOptions, header + "P2,F," + std::string(4000, 'V')), 1U);
+}
+
+TEST_F(LoaderTest, RefusesFilesAndStoresThatCannotBeUsed)
+{
+    const auto refusalOf = [](const std::string& store, const std::string& file) -> std::string {
+        try {
+            qvlocal::loadProductOptions(store, file);
+        } catch (const qvlocal::StoreError& error) {
+            return error.what();
+        }
+        return "";
+    };
+    harness::writeFile("rows.csv", "product,feature,variant\n");
+    EXPECT_EQ(refusalOf(location, "rows.csv"), "");
+    EXPECT_EQ(refusalOf(location, "none.csv"), "cannot read none.csv: No such file or directory");
+    EXPECT_EQ(refusalOf(location, "."), "cannot read .: Is a directory");
+    EXPECT_NE(refusalOf("sqlite:none.db", "rows.csv").find("none.db"), std::string::npos);
+    EXPECT_NE(refusalOf("sqlite::memory:", "rows.csv").find("memory"), std::string::npos);
+}
+
+} // namespace
+} // namespace servertest

@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// A scripted stand-in for the server's client library: it defines the 38 functions of <velrzm/qv_sdk.h> in
+// the test program, records what the library calls and answers as the script says. Without a script every
+// call succeeds with 0.
+//
+//     standin::setValue("id", "EC-1");                       // what QV_Get_Object_Attr hands out
+//     standin::answerCall(2, -7, {{"E1", "no such class"}}); // the second call from now on fails
+//     ... use the library ...
+//     EXPECT_EQ(standin::transcript(), "QV_Create_Object(obj1, \"EngineeringChange\") = 0\n" ...);
+//     EXPECT_EQ(standin::violations(), "");
+//
+// The three message functions are no calls of their own: they are neither recorded nor counted. They answer
+// for the last call only, as the server does, so a check that comes too late finds nothing and is a
+// violation.
+#ifndef VELRZM_TESTS_STANDIN_STANDIN_H
+#define VELRZM_TESTS_STANDIN_STANDIN_H
+
+#include <cstddef>
+#include <initializer_list>
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace standin {
+
+/** A call as it was made: arguments are quoted texts, numbers, and handles by kind and order of creation. */
+struct Call {
+    std::string function;
+    std::vector<std::string> arguments;
+    int code = 0;
+
+    /** `QV_Set_Object_Attr(obj1, "id", "EC-1") = 0`; a handle that a create fills is the new one, null if
+     * none. */
+    std::string line() const;
+    /** Whether one of the arguments is this text. */
+    bool hasText(const std::string& text) const;
+};
+
+/** A message of a failed call; without a value a null pointer is handed out. */
+struct Message {
+    std::optional<std::string> code;
+    std::optional<std::string> text;
+};
+
+/** The attribute values of one list record; without a value a null pointer is handed out. */
+using Record = std::map<std::string, std::optional<std::string>>;
+
+/** When a create, read or generate function hands a handle over. */
+enum class HandOver { OnSuccess, Always, Never };
+
+/** Forgets everything: calls, script, handles, violations. */
+void reset();
+
+// What was called.
+/** The calls since the last reset or forgetCalls. */
+const std::vector<Call>& calls();
+/** The same, one line each. */
+std::string transcript();
+/** Starts recording and counting afresh; handles and script stay. */
+void forgetCalls();
+
+// What is answered. A negative code fails the call, and its messages are kept for the message functions.
+/** Answers call `number`, counted from 1 since the last reset or forgetCalls. */
+void answerCall(std::size_t number, int code, std::vector<Message> messages = {});
+/** Answers every call of `function`. */
+void answer(const std::string& function, int code, std::vector<Message> messages = {});
+/** Has the last call count as failed with these messages, for a check without a call before it. */
+void failLastCall(std::vector<Message> messages);
+/** What QV_Error_Size answers instead of the number of messages. */
+void setErrorSize(int size);
+/** When `function` fills the handle variable; on success if nothing was said. */
+void handOver(const std::string& function, HandOver when);
+/** The value of an attribute of every object that has none of its own from a list record; "" if nothing was
+ * said. */
+void setValue(const std::string& path, std::optional<std::string> value);
+/** The records of every list. */
+void setRecords(std::vector<Record> records);
+/** The size of every list, in place of the number of records. */
+void setListSize(int size);
+/** The entries of the translation table `name`. */
+void setTranslations(const std::string& name, std::vector<std::pair<std::string, std::string>> entries);
+
+// What was wrong.
+/**
+ * What the library did that no client may do, one line each: a null, dead or unknown handle used, a live
+ * handle overwritten, a null text passed, a record or message asked for that does not exist.
+ */
+std::string violations();
+/** Notes every live handle that is none of `held` as leaked. */
+void noteLeaks(std::initializer_list<const void*> held);
+
+} // namespace standin
+
+#endif

@@ -1,0 +1,95 @@
+# SPDX-License-Identifier: Apache-2.0
+"""Users, tables, defaults files, logs, and the look at all of it."""
+import unittest
+
+from command import CommandTest, REFUSED
+
+
+class Administration(CommandTest):
+
+    def setUp(self):
+        super().setUp()
+        self.done("init")
+
+    def file(self, name, text):
+        (self.directory / name).write_text(text)
+        return name
+
+    def test_users(self):
+        self.file("secret", "another\n")
+        self.done("user", "add", "bob", "--password-file", "secret")
+        self.assertEqual([row["user"] for row in self.csv("user", "list")], ["ada", "bob"])
+        self.done("ec", "create", "EC-1", "--user", "bob", "--password-file", "secret")
+        self.refused("user", "add", "bob")
+        self.done("user", "passwd", "bob")
+        self.refused("ec", "create", "EC-2", "--user", "bob", "--password-file", "secret")
+        self.done("user", "remove", "bob")
+        self.refused("ec", "create", "EC-2", "--user", "bob")
+        self.refused("user", "remove", "bob")
+
+    def test_tables(self):
+        self.done("load", "options", self.file("options.csv", "product,feature,variant\nBIKE,COLOUR,RED\n"))
+        self.done("load", "packages", self.file("packages.csv", "product,package_id\nBIKE,TOURING\n"))
+        self.done("load", "xlat", self.file("units.csv", "table,from,to\nUNITS,mm,MMT\n"))
+        self.assertEqual(self.json("option", "list", "BIKE"), [{"product": "BIKE", "feature": "COLOUR", "variant": "RED"}])
+        self.assertEqual(self.json("package", "list"), [{"product": "BIKE", "package_id": "TOURING"}])
+        self.assertEqual(self.json("xlat", "show", "UNITS", "--table"), [{"from": "mm", "to": "MMT"}])
+        self.file("My_QVL_RZM_DEFAULT", "XlatRead units UNITS\n")
+        self.assertEqual(self.json("xlat", "show", "units"), [{"from": "mm", "to": "MMT"}])
+        self.assertIn("options.csv", self.refused("load", "options", self.file("options.csv", "product\nBIKE\n")))
+
+    def test_defaults_shown_are_those_that_are_used(self):
+        self.file("QVL_RZM_DEFAULT", "# head\nEngineeringChangeCreate a 1\nEngineeringChangeCreate b 2 # why\n"
+                                     "ItemCreate a 9\n")
+        self.file("My_QVL_RZM_DEFAULT", "\nEngineeringChangeCreate b 3\nEngineeringChangeCreate c 4\n")
+        shown = self.csv("defaults", "show", "EngineeringChangeCreate")
+        self.assertEqual([tuple(row.values()) for row in shown],
+                         [("a", "1", "./QVL_RZM_DEFAULT", "2"), ("b", "3", "./My_QVL_RZM_DEFAULT", "2"),
+                          ("c", "4", "./My_QVL_RZM_DEFAULT", "3")])
+        self.done("ec", "create", "EC-1")
+        self.assertEqual(self.json("ec", "open", "EC-1", "--select", "a,b,c"),
+                         {row["attribute"]: row["value"] for row in shown})
+        self.refused("defaults", "show", "Nonsense")
+
+    def test_defaults_check_finds_each_problem(self):
+        limit = "".join(f"DocumentCheckIn a{i} 1\n" for i in range(20))
+        self.file("checked", "# fine\nItemCreate item_type P\nItemcreate item_type P\nItemCreate colour\n"
+                             "ItemCreate item_type Q\nItemCreate name X\nItemCreate note " + "x" * 60 + "\n" + limit)
+        run = self.run_command("defaults", "check", "checked", "--format", "csv")
+        self.assertEqual(run.returncode, REFUSED)
+        lines = [row.split(",")[1].strip('"') for row in run.stdout.splitlines()[1:]]
+        self.assertEqual(sorted(set(lines), key=int), ["3", "4", "5", "6", "7", "27"])
+        self.done("defaults", "check", self.file("good", "ItemCreate item_type P\n"))
+        self.refused("defaults", "check")
+
+    def test_log_tells_what_failed_and_with_what(self):
+        self.environment["QVL_LOG_FILE"] = "access.log"
+        self.file("commands", "ec create EC-1 --name x\nec open EC-1\nec open EC-7\n")
+        self.run_command("batch", "commands")
+        summary = {row["operation"]: row for row in self.csv("log", "summary", "access.log")}
+        self.assertEqual(list(summary)[:3], ["QvConnect", "EngineeringChangeCreate", "EngineeringChangeOpen"])
+        self.assertEqual((summary["EngineeringChangeCreate"]["failures"], summary["EngineeringChangeOpen"]["failures"]),
+                         ("0", "1"))
+        failure, = self.csv("log", "failures", "access.log")
+        self.assertEqual((failure["operation"], failure["call"], failure["code"]),
+                         ("EngineeringChangeOpen", "QV_Open_Object", "-210"))
+        self.assertIn("EC-7", failure["message"])
+        self.assertIn("id=EC-7", failure["inputs"])
+        log = (self.directory / "access.log").read_text().splitlines()
+        self.assertIn("= -210", log[int(failure["line"]) - 1])
+        self.refused("log", "summary", self.file("other", "no log\n"))
+        self.refused("log", "summary", "missing")
+
+    def test_doctor(self):
+        self.environment["QVL_LOG_FILE"] = "access.log"
+        states = {row["subject"]: row["state"] for row in self.csv("doctor")}
+        self.assertIn("users: 1", states["store"])
+        self.assertEqual((states["access log"], states["local defaults"]), ("can be written", "is not there"))
+        self.environment.update(QVL_LOG_FILE="/proc/nowhere/access.log", QV_STORE="sqlite:missing.db")
+        run = self.run_command("doctor", "--format", "csv")
+        self.assertEqual(run.returncode, REFUSED)
+        self.assertEqual(run.stdout.count("PROBLEM"), 2)
+
+
+if __name__ == "__main__":
+    unittest.main()

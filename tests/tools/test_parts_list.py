@@ -1,0 +1,124 @@
+# SPDX-License-Identifier: Apache-2.0
+"""Parts lists: import, export, and batches of commands."""
+import unittest
+
+from command import CommandTest
+
+
+class PartsList(CommandTest):
+
+    def setUp(self):
+        super().setUp()
+        self.new_store("store.db")
+
+    def new_store(self, path):
+        self.environment["QV_STORE"] = "sqlite:" + path
+        self.done("init")
+        self.done("ec", "create", "EC-1")
+
+    def file(self, text, name="parts.csv"):
+        (self.directory / name).write_text(text, encoding="utf-8")
+        return name
+
+    def import_file(self, text, *arguments):
+        return self.done("import", self.file(text), "--ec", "EC-1", *arguments)
+
+    def refused_import(self, text, *arguments):
+        """The complaints about a file of which nothing may be stored."""
+        complaint = self.refused("import", self.file(text), "--ec", "EC-1", *arguments)
+        self.assertEqual(self.run_command("item", "query", "", "--in-development", "--format", "csv").stdout.count("\n"), 1)
+        return complaint
+
+    def tree(self, item):
+        return [(row["level"], row["item_number"], row["quantity"]) for row in self.csv("bom", "tree", item)]
+
+    def test_levels_in_both_forms_give_the_same_structure(self):
+        expected = [("0", "A", "1"), ("1", "B", "2"), ("2", "D", "3"), ("1", "C", "1"), ("2", "D", "1")]
+        for form, levels in (("plain", "01212"), ("dotted", ["1", "1.1", "1.1.1", "1.2", "1.2.1"])):
+            self.new_store(form + ".db")
+            rows = zip(levels, "ABDCD", "12311")
+            self.import_file("level,item_number,quantity\n" + "".join(",".join(row) + "\n" for row in rows))
+            self.assertEqual(self.tree("A"), expected)
+            self.assertEqual([row["comp_seq_nm"] for row in self.csv("bom", "explode", "A", "--level", "1")],
+                             ["10", "20", "30"])
+
+    def test_real_file(self):
+        self.import_file("\ufeffPart No,Part Name,Qty,Assy,Colour\r\n"
+                         "p-1,\"Bügel, \"\"groß\"\"\",2,,red\r\n"
+                         "\r\n"
+                         "p-2,\"two\nlines\",1,p-1,\r\n",
+                         "--map", "item_number=Part No,name=Part Name,quantity=Qty,parent=Assy", "--top", "top",
+                         "--attributes")
+        self.assertEqual(self.tree("TOP"), [("0", "TOP", "1"), ("1", "P-1", "2"), ("2", "P-2", "1")])
+        part = self.json("item", "open", "P-1", "--ec", "EC-1", "--select", "name,colour")
+        self.assertEqual((part["colour"], part["name"].startswith("B"), "GRO" in part["name"]), ("red", True, True))
+        self.assertEqual(self.json("item", "open", "P-2", "--ec", "EC-1", "--select", "name")["name"], "TWO\nLINES")
+
+    def test_export_gives_the_same_tree_in_another_store(self):
+        lines = "".join(f"{i % 3 + 1},{'X' if i % 3 else 'Y'}-{i},name {i},{i % 4 + 1}\n" for i in range(120))
+        self.import_file("level,item_number,name,quantity\n" + lines, "--top", "M")
+        exported = self.done("export", "M")
+        tree = self.tree("M")
+        self.assertEqual(len(tree), 121)
+        self.new_store("second.db")
+        self.import_file(exported)
+        self.assertEqual(self.tree("M"), tree)
+        self.assertEqual(self.done("export", "M"), exported)
+
+    def test_repeated_assembly_is_stored_once(self):
+        self.import_file("level,item_number\n0,A\n1,B\n2,C\n2,D\n1,E\n2,B\n3,C\n3,D\n")
+        self.assertEqual({row["item_number"]: row["quantity"] for row in self.csv("bom", "flat", "A")},
+                         {"B": "2", "C": "2", "D": "2", "E": "1"})
+        self.assertIn("parts.csv:7:", self.refused("import", self.file(
+            "level,item_number\n0,F\n1,G\n2,H\n1,I\n2,G\n3,J\n"), "--ec", "EC-1"))
+
+    def test_refused_rows_are_told_and_nothing_is_stored(self):
+        complaint = self.refused_import("level,item_number,name,quantity\n0,A,top,1\n1,B,one,2.5\n3,C,two,1\n"
+                                        "1,,three,1\nx,D,four,1\n1,B,other,1\n1,E\n")
+        for line in (3, 4, 5, 6, 8):
+            self.assertIn(f"parts.csv:{line}: ", complaint)
+        self.assertIn("parts.csv:3: ", self.refused_import("level,item_number\n0,A\n1,\"B\n1,C\n"))
+        good = self.file("level,item_number\n0,A\n")
+        self.assertIn("EC-9", self.refused("import", good, "--ec", "EC-9"))
+
+    def test_row_refused_by_the_server_takes_everything_back(self):
+        complaint = self.refused_import("parent,item_number\n,A\nA,B\nB,C\nC,A\n")
+        self.assertIn("parts.csv:5: ", complaint)
+        self.environment["QV_MULTI_SAVE"] = "OFF"
+        self.refused_import("parent,item_number\n,A\nA,A\n")
+
+    def test_keep_going_stores_the_good_rows(self):
+        self.refused("import", self.file("level,item_number,quantity\n0,A,1\n1,B,none\n1,C,1\n"), "--ec", "EC-1",
+                     "--keep-going")
+        self.assertEqual(self.tree("A"), [("0", "A", "1"), ("1", "C", "1")])
+
+    def test_dry_run_stores_nothing(self):
+        told = self.import_file("level,item_number,quantity\n0,A,1\n1,B,3\n", "--dry-run")
+        self.assertIn("2 items and 3 component lines", told)
+        self.refused("item", "open", "A", "--ec", "EC-1")
+
+    def test_mapping_that_does_not_fit(self):
+        name = self.file("Part,Qty\nA,1\n")
+        for mapping in ("item_number=Missing", "nonsense=Part", "item_number"):
+            self.wrong("import", name, "--ec", "EC-1", "--map", mapping)
+        self.assertIn("\"Part\"", self.wrong("import", name, "--ec", "EC-1"))
+
+    def test_batch(self):
+        self.file("# a comment\nitem create A --ec EC-1 --name 'the \"first\"'\n\nitem open A --ec EC-1 --select name\n",
+                  "good")
+        self.assertIn("THE \"FIRST\"", self.done("batch", "good"))
+        self.file("item create B --ec EC-1\nitem create A --ec EC-1\nitem create C --ec EC-1\n", "bad")
+        run = self.run_command("batch", "bad", "--multi-save")
+        self.assertEqual(run.returncode, 1)
+        self.assertIn("bad:2: ", run.stderr)
+        self.refused("item", "open", "B", "--ec", "EC-1")
+        self.run_command("batch", "bad")
+        self.done("item", "open", "B", "--ec", "EC-1")
+        self.refused("item", "open", "C", "--ec", "EC-1")
+        for line in ("item create 'A", "nonsense", "ec open EC-1 --user other", "batch good"):
+            self.file(line + "\n", "wrong")
+            self.assertIn("wrong:1: ", self.wrong("batch", "wrong"))
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,258 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// Parts lists: from a file into the store, and back.
+#include <algorithm>
+#include <cstdlib>
+#include <memory>
+#include <set>
+
+#include <unistd.h>
+
+#include <velrzm/items.h>
+#include <velrzm/logging.h>
+#include <velrzm/multi_save.h>
+#include <velrzm/qv_sdk.h>
+
+#include "tools/attribute_names.h"
+#include "tools/command_line.h"
+#include "tools/failures.h"
+#include "tools/output_capture.h"
+#include "tools/parts_list.h"
+#include "tools/session.h"
+#include "tools/standard_streams.h"
+#include "tools/structure.h"
+
+namespace tools {
+
+namespace {
+
+struct ImportOptions {
+    std::string file;
+    std::string change;
+    std::vector<std::string> map;
+    std::string delimiter = ",";
+    PartsListRules rules;
+    bool dryRun = false;
+    bool keepGoing = false;
+};
+
+/** Tells how far a long work has come, to a person only. */
+class Progress {
+public:
+    explicit Progress(std::size_t total) : total_(total), isShown_(isatty(STDERR_FILENO) == 1) {}
+    ~Progress()
+    {
+        if (isShown_) {
+            writeNote("\r\033[K");
+        }
+    }
+    Progress(const Progress&) = delete;
+    Progress& operator=(const Progress&) = delete;
+
+    void step()
+    {
+        constexpr std::size_t width = 30;
+        const std::size_t filled = ++done_ * width / total_;
+        if (isShown_ && filled != filled_) {
+            filled_ = filled;
+            writeNote("\r[" + std::string(filled, '#') + std::string(width - filled, ' ') + "] " +
+                      std::to_string(done_) + " of " + std::to_string(total_) + " rows");
+        }
+    }
+
+private:
+    std::size_t total_;
+    std::size_t done_ = 0;
+    std::size_t filled_ = 0;
+    bool isShown_;
+};
+
+/** The names of the stored records of an item. */
+std::vector<std::string> namesOfItem(const std::string& item)
+{
+    std::string filter = "=" + item;
+    std::string inDevelopment = "DEV";
+    std::string empty;
+    TextArray name({"name"});
+    ItemQuery(filter.data(), empty.data(), empty.data(), empty.data(), empty.data(), empty.data(),
+              empty.data(), inDevelopment.data(), name.data());
+    std::vector<std::string> names;
+    for (const auto& row : currentRecords({"name"}).rows) {
+        names.push_back(row.front());
+    }
+    return names;
+}
+
+/** Stores the rows of a parts list inside a multi-save. */
+class Import {
+public:
+    explicit Import(const std::string& change) : builder_(change) {}
+
+    void store(PartsList& list)
+    {
+        Progress progress(list.rows.size());
+        for (const PartsListRow& row : list.rows) {
+            try {
+                store(row);
+            } catch (const Refused& error) {
+                list.complaints.push_back({row.line, error.what()});
+            }
+            progress.step();
+        }
+    }
+
+    const StructureBuilder& builder() const { return builder_; }
+    std::size_t found() const { return found_; }
+
+private:
+    void store(const PartsListRow& row)
+    {
+        provide(row.item);
+        if (row.parent.empty() || row.isRepeated) {
+            return;
+        }
+        if (headers_.insert(row.parent).second) {
+            provide({row.parent, row.parent, "", {}, {}}); // the top item, if no row describes it
+            builder_.createHeader(row.parent);
+        }
+        builder_.addComponent(row.parent, row.item.number, row.quantity);
+    }
+
+    /** Sees to it that an item is stored. */
+    void provide(const NewItem& item)
+    {
+        if (!items_.insert(item.number).second) {
+            return;
+        }
+        if (namesOfItem(item.number).empty()) {
+            builder_.createItem(item);
+        } else {
+            ++found_;
+        }
+    }
+
+    StructureBuilder builder_;
+    std::set<std::string> items_;
+    std::set<std::string> headers_;
+    std::size_t found_ = 0; // items that were stored before
+};
+
+void readMap(ImportOptions& options)
+{
+    const std::vector<std::string>& known = partsListColumns();
+    for (const std::string& pair : options.map) {
+        const std::size_t equals = pair.find('=');
+        const std::string ours = pair.substr(0, equals);
+        if (equals == std::string::npos || std::find(known.begin(), known.end(), ours) == known.end()) {
+            std::string names;
+            for (const std::string& name : known) {
+                names += " " + name;
+            }
+            throw WrongUsage("--map " + pair + ": this is not NAME=COLUMN with one of the names" + names);
+        }
+        options.rules.columns[ours] = pair.substr(equals + 1);
+    }
+    if (options.delimiter.size() != 1) {
+        throw WrongUsage("--delimiter takes one character");
+    }
+}
+
+void complainAbout(const std::string& file, const std::vector<RowComplaint>& complaints)
+{
+    for (const RowComplaint& complaint : complaints) {
+        writeNote(file + ":" + std::to_string(complaint.line) + ": " + complaint.reason + "\n");
+    }
+}
+
+void importPartsList(ImportOptions options, const Settings& settings)
+{
+    readMap(options);
+    PartsList list = readPartsList(readCsvFile(options.file, options.delimiter.front()), options.rules);
+    if (!list.complaints.empty() && !options.keepGoing) {
+        complainAbout(options.file, list.complaints);
+        throw Refused(std::to_string(list.complaints.size()) + " rows of " + options.file +
+                      " are wrong; nothing was stored");
+    }
+    connect(settings);
+    unsetenv(
+        "QV_MULTI_SAVE"); // NOLINT(concurrency-mt-unsafe): one thread; all or nothing is what import promises
+    Import import(options.change);
+    {
+        OutputCapture messages; // the reasons are told with the rows
+        if (MultiSaveStart() != 1) {
+            throw Refused("the server does not start a multi-save");
+        }
+        import.store(list);
+        if (QVL_Traces_Level <= 0) {
+            messages.take();
+        }
+    }
+    complainAbout(options.file, list.complaints);
+    const bool isStored = !options.dryRun && (list.complaints.empty() || options.keepGoing);
+    if ((isStored ? MultiSaveCommit() : MultiSaveDiscard()) != 1) {
+        throw Refused("the server did not end the multi-save; nothing was stored");
+    }
+    const std::string count = std::to_string(import.builder().items()) + " items and " +
+                              std::to_string(import.builder().lines()) + " component lines; " +
+                              std::to_string(import.found()) + " items were stored before";
+    if (!list.complaints.empty()) {
+        throw Refused(std::to_string(list.complaints.size()) + " rows of " + options.file +
+                      " were refused; " +
+                      (isStored ? "the rest was stored: " + count : "nothing was stored"));
+    }
+    writeResult((isStored ? "Stored " : "Would store ") + count + ".\n");
+}
+
+void exportPartsList(const StructureRequest& request, const Settings& settings)
+{
+    connect(settings);
+    std::vector<std::string> attributes = structureAttributes;
+    if (explode(request, attributes) <= 0) {
+        throw Refused(request.item + " has no bill of material to export");
+    }
+    const std::vector<StructureNode> nodes = structureTree(request.item, currentStructureLines());
+    Records records{{"level", "item_number", "name", "quantity"}, {}};
+    for (const StructureNode& node : nodes) {
+        records.rows.push_back(
+            {std::to_string(node.level), node.item, node.name, std::to_string(node.quantity)});
+    }
+    const std::vector<std::string> topNames = namesOfItem(request.item);
+    records.rows.front()[2] = topNames.empty() ? "" : topNames.front();
+    writeRecords(records, Shape::List, Format::Csv);
+}
+
+} // namespace
+
+void addPartsListCommands(CommandLine& line)
+{
+    const auto options = std::make_shared<ImportOptions>();
+    CLI::App& import = line.addCommand(line.app(), "import",
+                                       "Store the items and component lines of a parts list, all or nothing",
+                                       "velrzm import parts.csv --ec EC-100 --map "
+                                       "item_number=Part,name=\"Part Name\",quantity=Qty,level=Level",
+                                       [&line, options] { importPartsList(*options, line.settings()); });
+    import.add_option("file", options->file, "CSV file whose first row names the columns")->required();
+    import.add_option("--ec", options->change, "Number of the change that introduces the items")->required();
+    import
+        .add_option("--map", options->map,
+                    "Which column is what: level, parent, item_number, name, item_type, quantity")
+        ->type_name("NAME=COLUMN,...")
+        ->delimiter(',')
+        ->expected(1)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    import.add_option("--top", options->rules.top, "Item that stands above all; made when it is not there");
+    import.add_option("--delimiter", options->delimiter, "What parts the fields")->type_name("CHARACTER");
+    import.add_flag("--attributes", options->rules.keepOtherColumns,
+                    "Keep the other columns as item attributes");
+    import.add_flag("--dry-run", options->dryRun, "Only say what would be stored and refused");
+    import.add_flag("--keep-going", options->keepGoing, "Store what is good although rows are refused");
+
+    const auto request = std::make_shared<StructureRequest>();
+    CLI::App& exported = line.addCommand(line.app(), "export", "Write a bill of material as import reads it",
+                                         "velrzm export A-100 > parts.csv",
+                                         [&line, request] { exportPartsList(*request, line.settings()); });
+    exported.add_option("item", request->item, "Item as it is stored")->required();
+    exported.add_option("--ec", request->change, "Lines of this change only");
+}
+
+} // namespace tools

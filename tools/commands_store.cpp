@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// Commands that look after a store of the local server.
+#include <memory>
+
+#include <velrzm/qvlocal.h>
+
+#include "tools/command_line.h"
+#include "tools/failures.h"
+#include "tools/password.h"
+#include "tools/standard_streams.h"
+
+namespace tools {
+
+namespace {
+
+void initializeStore(const Settings& settings)
+{
+    if (settings.user.empty()) {
+        throw WrongUsage("the store needs a first user; name one with --user");
+    }
+    const std::string location = qvlocal::currentStore();
+    qvlocal::initializeStore(location, settings.user, newPassword(settings.user, settings.passwordFile));
+    writeResult("Made the store " + location + " with the user " + settings.user + ".\n");
+}
+
+/** What the commands of users do with a store and a user. */
+void addUser(const Settings& settings, const std::string& user)
+{
+    qvlocal::addUser(qvlocal::currentStore(), user, newPassword(user, settings.passwordFile));
+}
+
+void changePassword(const Settings& settings, const std::string& user)
+{
+    qvlocal::setPassword(qvlocal::currentStore(), user, newPassword(user, settings.passwordFile));
+}
+
+void removeUser(const Settings& /*settings*/, const std::string& user)
+{
+    qvlocal::removeUser(qvlocal::currentStore(), user);
+}
+
+void listUsers(const Settings& settings)
+{
+    Records users{{"user"}, {}};
+    for (const std::string& user : qvlocal::listUsers(qvlocal::currentStore())) {
+        users.rows.push_back({user});
+    }
+    writeRecords(users, Shape::List, settings.format);
+}
+
+/** A command that takes one text. */
+void addCommandOn(CommandLine& line, CLI::App& group, const char* name, const char* description,
+                  const char* example, const char* subject,
+                  void (*action)(const Settings&, const std::string&))
+{
+    const auto text = std::make_shared<std::string>();
+    line.addCommand(group, name, description, example,
+                    [&line, text, action] { action(line.settings(), *text); })
+        .add_option(subject, *text)
+        ->required();
+}
+
+void addUserCommands(CommandLine& line)
+{
+    CLI::App& group = line.addGroup("user", "Users of the store");
+    addCommandOn(line, group, "add", "Add a user", "velrzm user add asmith", "name", addUser);
+    addCommandOn(line, group, "passwd", "Give a user another password", "velrzm user passwd asmith", "name",
+                 changePassword);
+    addCommandOn(line, group, "remove", "Remove a user; what the user saved stays",
+                 "velrzm user remove asmith", "name", removeUser);
+    line.addCommand(group, "list", "List the users", "velrzm user list",
+                    [&line] { listUsers(line.settings()); });
+}
+
+template <std::size_t (*load)(const std::string&, const std::string&)>
+void loadFile(const Settings& /*settings*/, const std::string& file)
+{
+    const std::size_t rows = load(qvlocal::currentStore(), file);
+    writeResult("Loaded " + std::to_string(rows) + " rows from " + file + ".\n");
+}
+
+void addLoadCommands(CommandLine& line)
+{
+    CLI::App& group = line.addGroup("load", "Load tables from CSV files; what a file is about is replaced");
+    addCommandOn(line, group, "options", "Load options: the columns product, feature, variant",
+                 "velrzm load options options.csv", "file", loadFile<qvlocal::loadProductOptions>);
+    addCommandOn(line, group, "packages", "Load option packages: the columns product, package_id",
+                 "velrzm load packages packages.csv", "file", loadFile<qvlocal::loadProductPackages>);
+    addCommandOn(line, group, "xlat", "Load translation tables: the columns table, from, to",
+                 "velrzm load xlat units.csv", "file", loadFile<qvlocal::loadTranslationTables>);
+}
+
+} // namespace
+
+void addStoreCommands(CommandLine& line)
+{
+    line.addCommand(line.app(), "init", "Make a store of the local server and its first user",
+                    "velrzm init --store parts.db --user jdoe",
+                    [&line] { initializeStore(line.settings()); });
+    addUserCommands(line);
+    addLoadCommands(line);
+}
+
+} // namespace tools

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// Tells the demonstration: numbered steps, what the library itself writes, outcomes, tables and files.
+#ifndef VELRZM_TOOLS_DEMO_NARRATOR_H
+#define VELRZM_TOOLS_DEMO_NARRATOR_H
+
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "tools/output_capture.h"
+#include "tools/records.h"
+#include "tools/structure.h"
+
+namespace tools::demo {
+
+class Narrator {
+public:
+    /** The heading of the whole. */
+    void title(std::string_view text, std::string_view explanation) const;
+
+    /** Begins a step: what happens, and the functions that do it. */
+    void step(std::string_view what, std::string_view functions);
+
+    /** Calls an operation, shows what the library writes meanwhile, and returns what it returned. */
+    template <typename Operation>
+    int call(Operation operation) const
+    {
+        OutputCapture capture;
+        const int result = operation();
+        libraryOutput(capture.take());
+        return result;
+    }
+
+    /** The outcome of a step: as it should be, or, as the step is there to show, a refusal. */
+    void good(std::string_view text) const { outcome(text, true); }
+    void bad(std::string_view text) const { outcome(text, false); }
+
+    /** A plain line. */
+    void line(std::string_view text) const;
+    void table(const Records& records) const;
+    void tree(const std::vector<StructureNode>& nodes) const;
+    /** The lines of a text, shown as they are. */
+    void quote(std::string_view text) const;
+    /** A file: its first and last lines, and how many were left out between them. */
+    void file(const char* path, std::size_t firstLines, std::size_t lastLines) const;
+
+private:
+    void libraryOutput(const std::string& text) const { quote(text); }
+    void outcome(std::string_view text, bool good) const;
+
+    int step_ = 0;
+};
+
+} // namespace tools::demo
+
+#endif

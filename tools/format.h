@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// Results in the forms that people and programs read.
+#ifndef VELRZM_TOOLS_FORMAT_H
+#define VELRZM_TOOLS_FORMAT_H
+
+#include "tools/records.h"
+
+namespace tools {
+
+enum class Format { Table, Json, Csv, PrintList };
+
+/** One object, or as many as there are. */
+enum class Shape { Object, List };
+
+/** Writes records to the results. Only the table may cut values, to the width of a terminal. */
+void writeRecords(const Records& records, Shape shape, Format format);
+
+} // namespace tools
+
+#endif

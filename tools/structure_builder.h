@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// Stores items and component lines of a structure through the library.
+#ifndef VELRZM_TOOLS_STRUCTURE_BUILDER_H
+#define VELRZM_TOOLS_STRUCTURE_BUILDER_H
+
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tools {
+
+/** An item to store. */
+struct NewItem {
+    std::string number;
+    std::string name;
+    std::string type;
+    std::vector<std::string> attributeNames;  // further attributes,
+    std::vector<std::string> attributeValues; // and their values
+};
+
+/** Stores under one change. Numbers are stored in upper case, as the operations do. Every function throws
+ * Refused when the server says no. */
+class StructureBuilder {
+public:
+    explicit StructureBuilder(std::string change) : change_(std::move(change)) {}
+
+    void createItem(const NewItem& item);
+    void createHeader(const std::string& item);
+    /** Stores `quantity` lines, one for each occurrence, numbered in tens after those that this object stored
+     * on the same parent before. */
+    void addComponent(const std::string& parent, const std::string& component, int quantity);
+
+    int items() const { return items_; }
+    int lines() const { return lines_; }
+
+private:
+    std::string change_;
+    std::map<std::string, int> lastSequence_; // by parent
+    int items_ = 0;
+    int lines_ = 0;
+};
+
+} // namespace tools
+
+#endif
