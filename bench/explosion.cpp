@@ -35,19 +35,21 @@ struct Reading {
 /** A user of the store, with the access log off. */
 class Session {
 public:
-    explicit Session(const std::string& store)
-    {
-        QvExit();
-        ::setenv("QV_STORE", ("sqlite:" + store).c_str(), 1);
-        connected_ = QvConnect("bench", "bench") == 1;
-    }
+    explicit Session(const std::string& store) : connected_(connect(store)) {}
     ~Session() { QvExit(); }
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
     bool isConnected() const { return connected_; }
 
 private:
-    bool connected_ = false;
+    static bool connect(const std::string& store)
+    {
+        QvExit();
+        ::setenv("QV_STORE", ("sqlite:" + store).c_str(), 1);
+        return QvConnect("bench", "bench") == 1;
+    }
+
+    bool connected_;
 };
 
 char parameterName[] = "item_number";

@@ -117,8 +117,8 @@ private:
 
 std::string makeStore(std::int64_t lines, Items items)
 {
-    const std::string path = logFolder() + "/structure-" + std::to_string(lines) +
-                             (items == Items::Distinct ? "-distinct" : "-standard") + ".db";
+    std::string path = logFolder() + "/structure-" + std::to_string(lines) +
+                       (items == Items::Distinct ? "-distinct" : "-standard") + ".db";
     qvlocal::initializeStore("sqlite:" + path, "bench", "bench");
     const Database database = openDatabase(path);
     run(database.get(), "BEGIN");

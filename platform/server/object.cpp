@@ -17,7 +17,7 @@ namespace {
 
 [[noreturn]] void failAlreadyStored(const Class& objectClass, const Values& values)
 {
-    fail(Failure::AlreadyStored, "a ", objectClass.name, " with ", keysOf(objectClass, values),
+    fail(Failure::AlreadyStored, "the ", objectClass.name, " with ", keysOf(objectClass, values),
          " is already stored; open it to change it");
 }
 
@@ -101,7 +101,7 @@ std::int64_t Object::insert(Store& store, Values values) const
     const std::int64_t id = store.nextNumber();
     beforeCreate(store, *class_, values);
     if (withoutTrailingBlanks(valueOf(values, class_->keys.front())).empty()) {
-        fail(Failure::BadArgument, "a ", class_->name, " needs a value of ", class_->keys.front());
+        fail(Failure::BadArgument, "the ", class_->name, " needs a value of ", class_->keys.front());
     }
     fillNew(*class_, id, values);
     checkReferences(store, *class_, values);

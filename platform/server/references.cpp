@@ -59,7 +59,7 @@ void checkReferences(Store& store, const Class& objectClass, const Values& value
             });
         if ((refers || reference.needed == Needed::Always) &&
             !exists(store, targetsOf(reference, &Link::from, values))) {
-            fail(Failure::ReferenceMissing, "the ", objectClass.name, " refers to a ", reference.target,
+            fail(Failure::ReferenceMissing, "the ", objectClass.name, " refers to the ", reference.target,
                  " that is not stored: ", describe(reference, &Link::from, values), "; create that first");
         }
     }
@@ -71,7 +71,7 @@ void checkNotReferred(Store& store, const Class& objectClass, const Values& oldV
         if (!exists(store, targetsOf(reference, &Link::to, oldValues)) &&
             exists(store, linked(referring, reference, &Link::from, &Link::to, oldValues))) {
             fail(Failure::StillReferred, "the ", objectClass.name, " with ",
-                 describe(reference, &Link::to, oldValues), " must stay as it is: a ", referring.name,
+                 describe(reference, &Link::to, oldValues), " must stay as it is: the ", referring.name,
                  " refers to it; delete that first");
         }
     });
