@@ -45,18 +45,9 @@ private:
     QV_ReportHandle handle_ = nullptr;
 };
 
-/** The rows of an explosion; a failure makes the test fail. */
-Table explode(const Pairs& parameters, const std::vector<std::string>& columns)
+/** The columns of the rows of a list. */
+Table rowsOf(QV_ListHandle list, const std::vector<std::string>& columns)
 {
-    Report report;
-    for (const auto& [name, value] : parameters) {
-        EXPECT_EQ(report.set(name, value), 0) << message();
-    }
-    for (const std::string& column : columns) {
-        EXPECT_EQ(report.subscribe(column), 0) << message();
-    }
-    QV_ListHandle list = nullptr;
-    EXPECT_EQ(report.generate(list), 0) << message();
     int size = 0;
     EXPECT_EQ(QV_SizeOf_List(list, &size), 0) << message();
     Table rows;
@@ -71,6 +62,22 @@ Table explode(const Pairs& parameters, const std::vector<std::string>& columns)
         }
         EXPECT_EQ(QV_Destroy_Object(&record), 0);
     }
+    return rows;
+}
+
+/** The rows of an explosion; a failure makes the test fail. */
+Table explode(const Pairs& parameters, const std::vector<std::string>& columns)
+{
+    Report report;
+    for (const auto& [name, value] : parameters) {
+        EXPECT_EQ(report.set(name, value), 0) << message();
+    }
+    for (const std::string& column : columns) {
+        EXPECT_EQ(report.subscribe(column), 0) << message();
+    }
+    QV_ListHandle list = nullptr;
+    EXPECT_EQ(report.generate(list), 0) << message();
+    Table rows = rowsOf(list, columns);
     EXPECT_EQ(QV_Destroy_List(&list), 0);
     return rows;
 }
@@ -374,12 +381,12 @@ TEST_F(ExplosionTest, ReportHandlesAreChecked)
     ASSERT_EQ(report.subscribe("level"), 0);
     ASSERT_EQ(report.generate(list), 0);
     Report other;
-    const QV_ReportHandle destroyed = other.handle();
+    QV_ReportHandle destroyed = other.handle();
     ASSERT_EQ(QV_Destroy_Report(&other.handle()), 0);
     EXPECT_EQ(other.handle(), nullptr);
     EXPECT_EQ(QV_Destroy_Report(&other.handle()), 0);
     const auto foreign = reinterpret_cast<QV_ReportHandle>(list);
-    for (const QV_ReportHandle wrong : {QV_ReportHandle(nullptr), destroyed, foreign}) {
+    for (QV_ReportHandle wrong : {QV_ReportHandle(nullptr), destroyed, foreign}) {
         EXPECT_EQ(QV_Set_Report_Attr(wrong, "item_number", "A"), badHandle);
         EXPECT_EQ(QV_Subscribe_Report_Attr(wrong, "level"), badHandle);
         EXPECT_EQ(QV_Generate_Report(wrong, &unused), badHandle);
