@@ -144,11 +144,11 @@ void readMap(ImportOptions& options)
         const std::size_t equals = pair.find('=');
         const std::string ours = pair.substr(0, equals);
         if (equals == std::string::npos || std::find(known.begin(), known.end(), ours) == known.end()) {
-            std::string names;
+            std::string text = "--map " + pair + ": this is not NAME=COLUMN with one of the names";
             for (const std::string& name : known) {
-                names += " " + name;
+                text.append(" ").append(name);
             }
-            throw WrongUsage("--map " + pair + ": this is not NAME=COLUMN with one of the names" + names);
+            throw WrongUsage(text);
         }
         options.rules.columns[ours] = pair.substr(equals + 1);
     }

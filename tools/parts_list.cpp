@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cctype>
 #include <optional>
+#include <utility>
 
 #include "tools/failures.h"
 
@@ -55,7 +56,7 @@ std::optional<int> depthOf(const std::string& level)
 /** Turns the rows of a file into rows of a parts list, one after another. */
 class PartsListReader {
 public:
-    PartsListReader(const CsvRow& header, const PartsListRules& rules) : header_(header), rules_(rules)
+    PartsListReader(CsvRow header, const PartsListRules& rules) : header_(std::move(header)), rules_(rules)
     {
         for (std::string& name : header_.fields) {
             name = trimmed(name);
@@ -199,7 +200,7 @@ private:
         while (!branch_.empty() && branch_.back().depth >= *depth) {
             branch_.pop_back();
         }
-        const Occurrence parent = branch_.empty() ? Occurrence{0, upperCase(rules_.top), 0} : branch_.back();
+        Occurrence parent = branch_.empty() ? Occurrence{0, upperCase(rules_.top), 0} : branch_.back();
         branch_.push_back({*depth, item, ++occurrences_});
         return parent;
     }

@@ -50,11 +50,12 @@ void StructureBuilder::addComponent(const std::string& parent, const std::string
     std::string componentNumber = component;
     std::string noType;
     TextArray nothing({});
+    const std::string line = "component " + component + " of " + parent;
     for (int occurrence = 0; occurrence < quantity; ++occurrence) {
         std::string sequence = std::to_string(lastSequence_[parent] += step);
         require(ComponentCreate(change_.data(), parentNumber.data(), componentNumber.data(), sequence.data(),
                                 noType.data(), nothing.data()),
-                "component " + component + " of " + parent);
+                line);
         ++lines_;
     }
 }

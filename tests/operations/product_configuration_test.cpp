@@ -6,8 +6,6 @@
 
 #include "tests/harness/library_test.h"
 
-using harness::atLevel;
-using harness::lines;
 using harness::Outcome;
 using harness::textList;
 
