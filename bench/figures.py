@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: Apache-2.0
 """Prints the figures of a benchmark run, each of the library's beside its bare counterpart and the aim.
 
-A figure is the fastest of the repetitions: what else runs on the machine can only add to it."""
+A figure is the least processor time of the repetitions: what else runs on the machine can only add to it."""
 import json
 import sys
 
@@ -18,18 +18,18 @@ def main(path):
     with open(path, encoding="utf-8") as file:
         runs = [run for run in json.load(file)["benchmarks"]
                 if run["run_type"] == "iteration" and not run.get("error_occurred")]
-    fastest = {run["name"]: run for run in sorted(runs, key=lambda run: -run["real_time"])}
-    missing = sorted({name for _, *names, _ in PAIRS for name in names} - fastest.keys())
+    least = {run["name"]: run for run in sorted(runs, key=lambda run: -run["cpu_time"])}
+    missing = sorted({name for _, *names, _ in PAIRS for name in names} - least.keys())
     if missing:
         sys.exit(f"no figures of: {', '.join(missing)}; run all benchmarks without an error")
     print(f"{'':34} {'velrzm':>9} {'bare':>9} {'more':>9} {'ratio':>6}  aim")
     for title, ours, bare, (kind, limit) in PAIRS:
-        mine, base = fastest[ours]["real_time"], fastest[bare]["real_time"]
+        mine, base = least[ours]["cpu_time"], least[bare]["cpu_time"]
         met = (mine - base if kind == "more" else mine / base) <= limit
         aim = f"at most {limit} ns more" if kind == "more" else f"ratio at most {limit}"
         print(f"{title:34} {mine:6.1f} ns {base:6.1f} ns {mine - base:6.1f} ns {mine / base:6.2f}  "
               f"{aim}: {'met' if met else 'MISSED'}")
-    print(f"{'allocations of a checked call':34} {fastest['checked call/frame']['allocations']:9.0f}"
+    print(f"{'allocations of a checked call':34} {least['checked call/frame']['allocations']:9.0f}"
           f"{'':29}  none")
 
 

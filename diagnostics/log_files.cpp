@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "diagnostics/log_files.h"
 
+#include <cerrno>
 #include <cstdlib>
 #include <utility>
+
+#include <stdio_ext.h>
+#include <unistd.h>
 
 #include <velrzm/logging.h>
 
@@ -35,6 +39,27 @@ std::FILE* openLog(const char* path, std::string_view purpose)
         writeAtOnce(log, Line({version, "\n", stars, product, purpose, stars}, "", ""));
     }
     return log;
+}
+
+/**
+ * Hands the text to the system itself, which costs half of the way through a stream; not when the stream holds text
+ * back, which must come first, or has no file behind it. Says whether this was the way; what then fails is ignored.
+ */
+bool writePastStream(std::FILE* file, std::string_view text) noexcept
+{
+    const int descriptor = __fpending(file) == 0 ? fileno_unlocked(file) : -1;
+    if (descriptor < 0) {
+        return false;
+    }
+    while (!text.empty()) {
+        const ssize_t written = ::write(descriptor, text.data(), text.size());
+        if (written > 0) {
+            text.remove_prefix(static_cast<std::size_t>(written));
+        } else if (written == 0 || errno != EINTR) {
+            break;
+        }
+    }
+    return true;
 }
 
 void readTraceLevel()
@@ -78,9 +103,10 @@ void closeLog(std::FILE*& log) noexcept
 
 void writeAtOnce(std::FILE* file, const Line& line) noexcept
 {
-    // One thread at a time uses the library: the stream needs no lock around the write, which is all that a line costs.
-    fwrite_unlocked(line.data(), 1, line.size(), file);
-    fflush_unlocked(file);
+    if (!writePastStream(file, {line.data(), line.size()})) {
+        fwrite_unlocked(line.data(), 1, line.size(), file);
+        fflush_unlocked(file);
+    }
 }
 
 void openLogs()
