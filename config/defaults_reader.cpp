@@ -85,6 +85,8 @@ void readEntries(const char* path, const VELUnicodeString& operation, const Take
 int DefaultRead(const VELUnicodeString& operation, VELListValVELUnicodeString& names,
                 VELListValVELUnicodeString& values)
 {
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+    const VELUnicodeString wanted = operation; // the caller may have it in one of the lists
     trace(OperationLevel, prefix, "-----Start------------------------------");
     names.RemoveAll();
     values.RemoveAll();
@@ -93,9 +95,9 @@ int DefaultRead(const VELUnicodeString& operation, VELListValVELUnicodeString& n
         values.Append(value);
     };
     if (const auto shared = sharedPath()) {
-        readEntries(shared->c_str(), operation, append);
+        readEntries(shared->c_str(), wanted, append);
     }
-    readEntries(localPath, operation, [&](const VELUnicodeString& name, const VELUnicodeString& value) {
+    readEntries(localPath, wanted, [&](const VELUnicodeString& name, const VELUnicodeString& value) {
         if (const int position = names.Locate(name)) {
             values.Replace(position, value);
         } else {

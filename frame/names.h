@@ -5,7 +5,7 @@
 #ifndef VELRZM_FRAME_NAMES_H
 #define VELRZM_FRAME_NAMES_H
 
-#include <limits>
+#include <algorithm>
 
 #include <velrzm/vel_types.h>
 
@@ -35,10 +35,9 @@ private:
 class AttributeNames {
 public:
     // NOLINTBEGIN(google-explicit-constructor): an operation hands on what its caller passed
-    AttributeNames(const char* const* array, int limit = std::numeric_limits<int>::max()) noexcept
-        : array_(array)
+    AttributeNames(const char* const* array) noexcept : array_(array)
     {
-        while (size_ < limit && array_ != nullptr && array_[size_] != nullptr) {
+        while (array_ != nullptr && array_[size_] != nullptr) {
             ++size_;
         }
     }
@@ -67,37 +66,40 @@ struct Pair {
     const char* value;
 };
 
-/** Names and values that stand at the same positions of two lists or of two arrays closed by null pointers.
- */
+/** Names and values that stand at the same positions of two lists or of two arrays. */
 class Pairs {
 public:
     /** At most `limit` pairs of two lists; a value that the shorter list lacks is null. */
     Pairs(const VELListValVELUnicodeString& names, const VELListValVELUnicodeString& values, int limit)
-        : names_(names), values_(values), size_(std::min(names_.size(), limit)), nullable_(&values)
+        : names_(names), valueList_(&values), size_(std::min(names_.size(), limit))
     {}
     Pairs(const VELListValVELUnicodeString& names, const VELListValVELUnicodeString& values)
         : Pairs(names, values, names.Size())
     {}
-    /** The pairs of two arrays; behind a null value nothing is read, and all further values are null. */
-    Pairs(const char* const* names, const char* const* values)
-        : names_(names), values_(values, names_.size()), size_(names_.size())
+    /** The pairs of two arrays; a null pointer closes the names, and there are as many values. */
+    Pairs(const char* const* names, const char* const* values) noexcept
+        : names_(names), valueArray_(values), size_(names_.size())
     {}
 
     int size() const noexcept { return size_; }
-    Pair operator[](int index) const
-    {
-        const bool missing =
-            index >= values_.size() || (nullable_ != nullptr && (*nullable_)[index + 1].IsNull());
-        return {names_[index], missing ? nullptr : values_[index]};
-    }
+    Pair operator[](int index) const { return {names_[index], valueOf(index)}; }
     IndexIterator<Pairs> begin() const noexcept { return {*this, 0}; }
     IndexIterator<Pairs> end() const noexcept { return {*this, size_}; }
 
 private:
+    const char* valueOf(int index) const
+    {
+        if (valueList_ == nullptr) {
+            return valueArray_ == nullptr ? nullptr : valueArray_[index];
+        }
+        const bool missing = index >= valueList_->Size() || (*valueList_)[index + 1].IsNull();
+        return missing ? nullptr : (*valueList_)[index + 1].CastToCharPtr();
+    }
+
     AttributeNames names_;
-    AttributeNames values_;
+    const VELListValVELUnicodeString* valueList_ = nullptr;
+    const char* const* valueArray_ = nullptr;
     int size_;
-    const VELListValVELUnicodeString* nullable_ = nullptr; // a string of a list can be null itself
 };
 
 } // namespace velrzm

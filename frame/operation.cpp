@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "frame/operation.h"
 
-#include <cctype>
-
 #include <velrzm/defaults.h>
 
 #include "diagnostics/warning.h"
@@ -108,7 +106,9 @@ void Operation::upperCase(char* text) const noexcept
 void toUpperCase(char* text) noexcept
 {
     for (; given(text); ++text) {
-        *text = static_cast<char>(std::toupper(static_cast<unsigned char>(*text)));
+        if (*text >= 'a' && *text <= 'z') { // whatever the program's locale
+            *text = static_cast<char>(*text - 'a' + 'A');
+        }
     }
 }
 

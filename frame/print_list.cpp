@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <velrzm/print_list.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 
@@ -25,7 +26,7 @@ namespace {
 /** Reads the next line, or the next piece of a long one, into `buf`; false at the end of the file. */
 bool readLine()
 {
-    return std::fgets(buf, sizeof buf, _PrintListFile) != nullptr;
+    return std::fgets(buf, std::clamp<int>(bufsize, 2, sizeof buf), _PrintListFile) != nullptr;
 }
 
 bool lineContains(const char* text)

@@ -35,9 +35,11 @@ void readRecords(const AttributeNames& columns, const std::array<VELListValVELUn
     }
 }
 
-int run(const ConfigurationQuery& query, const VELUnicodeString& productNumber,
+int run(const ConfigurationQuery& query, const VELUnicodeString& product,
         const std::array<VELListValVELUnicodeString*, 3>& lists)
 {
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+    const VELUnicodeString productNumber = product; // the caller may have it in one of the lists
     const AttributeNames columns(query.columns.data());
     ListOperation op(query.name);
     op.start();

@@ -57,7 +57,7 @@ VELRZM_API extern VELListValVELUnicodeString _AttrNames;
 VELRZM_API extern VELListValVELUnicodeString _AttrValues;
 /** The line read last, or a piece of it. */
 VELRZM_API extern char buf[256];
-/** The size of `buf`: a line is read in pieces of one character less. */
+/** How much of `buf` is used, 2 at least: a line is read in pieces of one character less. */
 VELRZM_API extern int bufsize;
 /** The words of the line that the reader looked at last. */
 VELRZM_API extern char* token;

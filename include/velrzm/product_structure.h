@@ -26,7 +26,7 @@ VELRZM_API int BomHeaderCreate(char* ecNumber, char* itemNumber, char** attribut
  * @param parameterNames null-terminated array of report parameters. The local server takes "item_number" (the
  * top item), "ec_number" (lines of this change only) and "max_level".
  * @param parameterValues their values, at the same places, as many as there are names; a null value counts as
- * "" and ends the values.
+ * "".
  * @param attributeNames null-terminated array of the attributes to read back, the first 50 by number as well.
  * @return the number of lines; 0 when there are none or on failure.
  */
