@@ -4,7 +4,6 @@
 // query on the same store file through the C interface of the database.
 #include <array>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <functional>
 #include <map>
@@ -15,6 +14,7 @@
 
 #include "bench/explosion_memory.h"
 #include "bench/explosion_store.h"
+#include "bench/session.h"
 
 namespace {
 
@@ -30,26 +30,6 @@ struct Reading {
         characters += static_cast<std::int64_t>(length);
         check = check * 31 + (length == 0 ? 0 : static_cast<unsigned char>(text[length - 1])) + length;
     }
-};
-
-/** A user of the store, with the access log off. */
-class Session {
-public:
-    explicit Session(const std::string& store) : connected_(connect(store)) {}
-    ~Session() { QvExit(); }
-    Session(const Session&) = delete;
-    Session& operator=(const Session&) = delete;
-    bool isConnected() const { return connected_; }
-
-private:
-    static bool connect(const std::string& store)
-    {
-        QvExit();
-        ::setenv("QV_STORE", ("sqlite:" + store).c_str(), 1);
-        return QvConnect("bench", "bench") == 1;
-    }
-
-    bool connected_;
 };
 
 char parameterName[] = "item_number";
@@ -133,7 +113,7 @@ void measure(benchmark::State& state, const std::string& store, const std::funct
 void explosionByLibrary(benchmark::State& state, bench::Items items)
 {
     const std::string& store = bench::storeWithStructure(state.range(0), items);
-    const Session session(store);
+    const bench::Session session(store);
     if (!session.isConnected()) {
         state.SkipWithError("no connection");
         return;
