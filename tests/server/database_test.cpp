@@ -12,10 +12,14 @@ namespace {
 
 sqlite3* serverDatabase = nullptr; // the connection that was opened last
 std::vector<std::string> executed;
+int steps = 0; // of the database's machine, in all statements that ended
 
-int noteStatement(unsigned /*event*/, void* /*context*/, void* statement, void* /*text*/)
+int noteStatement(unsigned event, void* /*context*/, void* pointer, void* /*text*/)
 {
-    if (const char* const sql = sqlite3_sql(static_cast<sqlite3_stmt*>(statement))) {
+    auto* const statement = static_cast<sqlite3_stmt*>(pointer);
+    if (event == SQLITE_TRACE_PROFILE) {
+        steps += sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_VM_STEP, 1);
+    } else if (const char* const sql = sqlite3_sql(statement)) {
         executed.emplace_back(sql);
     }
     return 0;
@@ -24,7 +28,7 @@ int noteStatement(unsigned /*event*/, void* /*context*/, void* statement, void* 
 int watchConnection(sqlite3* database, char** /*error*/, const sqlite3_api_routines* /*routines*/)
 {
     serverDatabase = database;
-    return sqlite3_trace_v2(database, SQLITE_TRACE_STMT, noteStatement, nullptr);
+    return sqlite3_trace_v2(database, SQLITE_TRACE_STMT | SQLITE_TRACE_PROFILE, noteStatement, nullptr);
 }
 
 class DatabaseTest : public StoreFileTest {
@@ -37,6 +41,27 @@ protected:
     static std::ptrdiff_t times(const std::string& sql)
     {
         return std::count(executed.begin(), executed.end(), sql);
+    }
+
+    /** Stores items up to the number `end`, straight into the table. */
+    static void storeItems(int end)
+    {
+        const std::string sql =
+            "INSERT OR IGNORE INTO ItemEngineeringData (\"logical_key@item_number\") "
+            "WITH RECURSIVE number(n) AS (SELECT 0 UNION ALL SELECT n + 1 FROM number WHERE n < " +
+            std::to_string(end - 1) + ") SELECT printf('P%06d', n) FROM number";
+        ASSERT_EQ(sqlite3_exec(serverDatabase, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK)
+            << sqlite3_errmsg(serverDatabase);
+    }
+
+    /** How much work the database has with `use`. */
+    template <typename Use>
+    static int stepsOf(Use use)
+    {
+        use(); // which prepares the statements
+        steps = 0;
+        use();
+        return steps;
     }
 
     /** The plans of the queries that `use` makes. */
@@ -80,6 +105,50 @@ TEST_F(DatabaseTest, KeysPrefixesAndRelationsUseIndexes)
         << byPrefix;
     EXPECT_NE(byPrefix.find("(id>? AND id<?)"), std::string::npos) << byPrefix;
     EXPECT_EQ(byPrefix.find("SCAN"), std::string::npos) << byPrefix;
+}
+
+TEST_F(DatabaseTest, AnItemCostsTheSameInALargeStore)
+{
+    const auto open = [] {
+        EXPECT_EQ(
+            read("ItemEngineeringData", {{"logical_key@item_number", "P000007"}}, "logical_key@item_number"),
+            "P000007");
+    };
+    const auto listPrefix = [] {
+        EXPECT_EQ(
+            query("ItemEngineeringData", {{"Where", "&LIKE(logical_key@item_number,'P00000%')"}}).size(),
+            10U);
+    };
+    storeItems(10);
+    const int toOpen = stepsOf(open);
+    const int toList = stepsOf(listPrefix);
+    EXPECT_GT(toOpen, 0);
+    EXPECT_GT(toList, toOpen);
+    storeItems(100000);
+    EXPECT_EQ(stepsOf(open), toOpen);
+    EXPECT_NEAR(stepsOf(listPrefix), toList, 10); // it looks at the first record behind the prefix, too
+}
+
+TEST_F(DatabaseTest, TheLastRecordOfALongListIsAsNearAsTheFirst)
+{
+    constexpr int size = 100000;
+    storeItems(size);
+    QV_ListHandle list = nullptr;
+    ASSERT_EQ(QV_Create_List(&list, "ItemEngineeringData"), 0) << message();
+    ASSERT_EQ(QV_Set_Clause(list, "Select", "logical_key@item_number"), 0) << message();
+    ASSERT_EQ(QV_Set_Clause(list, "OrderBy", "logical_key@item_number"), 0) << message();
+    ASSERT_EQ(QV_Open_List(list), 0) << message();
+    executed.clear();
+    for (const auto& [record, number] : {std::pair(size - 1, "P099999"), std::pair(0, "P000000")}) {
+        QV_ObjectHandle object = nullptr;
+        const char* value = nullptr;
+        ASSERT_EQ(QV_Read_List(list, record, &object), 0) << message();
+        ASSERT_EQ(QV_Get_Object_Attr(object, "logical_key@item_number", &value), 0) << message();
+        EXPECT_STREQ(value, number);
+        EXPECT_EQ(QV_Destroy_Object(&object), 0) << message();
+    }
+    EXPECT_TRUE(executed.empty()) << "the database is not asked again: " << executed.front();
+    EXPECT_EQ(QV_Destroy_List(&list), 0) << message();
 }
 
 TEST_F(DatabaseTest, EverySaveAndEveryMultiSaveIsOneCommit)

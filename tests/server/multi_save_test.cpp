@@ -60,18 +60,6 @@ TEST_F(MultiSaveTest, OnlyOneIsOpenAtATime)
     EXPECT_EQ(changes(), 1U);
 }
 
-TEST_F(MultiSaveTest, AKilledProcessLosesItsOwnAndNothingElse)
-{
-    OtherSession other;
-    ASSERT_EQ(other.run("create EngineeringChange id=BEFORE"), 0);
-    ASSERT_EQ(other.run("start"), 0);
-    ASSERT_EQ(other.run("create EngineeringChange id=WITHIN"), 0);
-    other.kill();
-    EXPECT_EQ(save("AFTER"), 0) << message();
-    EXPECT_EQ(query("EngineeringChange", {{"Select", "id"}, {"OrderBy", "id"}}),
-              (Table{{"AFTER"}, {"BEFORE"}}));
-}
-
 TEST_F(MultiSaveTest, AWriterThatWaitsInVainIsTold)
 {
     OtherSession other;

@@ -9,6 +9,9 @@
 #include <string>
 #include <vector>
 
+#include <poll.h>
+#include <unistd.h>
+
 #include <velrzm/qv_sdk.h>
 
 namespace {
@@ -90,6 +93,16 @@ int sizeOf(const std::string& className)
     return size;
 }
 
+/** How many of the sizes that it reads until the next command comes are no multiples of `multiple`. */
+int watch(const std::string& className, int multiple)
+{
+    int others = 0;
+    for (pollfd input = {STDIN_FILENO, POLLIN, 0}; poll(&input, 1, 0) == 0;) {
+        others += sizeOf(className) % multiple == 0 ? 0 : 1;
+    }
+    return others;
+}
+
 int carryOut(const std::string& line)
 {
     std::istringstream words(line);
@@ -111,6 +124,9 @@ int carryOut(const std::string& line)
     }
     if (command == "create") {
         return create(className, pairs);
+    }
+    if (command == "watch") {
+        return watch(className, std::stoi(pairs.at(0)));
     }
     const std::map<std::string, VaultCall> vaultCalls = {{"create-and-check-in", createAndCheckIn},
                                                          {"check-out", QV_CheckOut_Doc},

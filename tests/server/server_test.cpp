@@ -122,25 +122,39 @@ OtherSession::~OtherSession()
 {
     close(input_);
     close(output_);
-    waitpid(process_, nullptr, 0);
+    if (process_ > 0) {
+        waitpid(process_, nullptr, 0);
+    }
 }
 
 int OtherSession::run(const std::string& command) const
 {
-    const std::string line = command + '\n';
-    EXPECT_EQ(write(input_, line.data(), line.size()), static_cast<ssize_t>(line.size()));
-    std::string answer;
+    send(command + '\n');
+    const std::optional<int> code = answer();
+    EXPECT_TRUE(code) << "no answer to " << command;
+    return code.value_or(-1);
+}
+
+void OtherSession::send(const std::string& commands) const
+{
+    EXPECT_EQ(write(input_, commands.data(), commands.size()), static_cast<ssize_t>(commands.size()));
+}
+
+std::optional<int> OtherSession::answer() const
+{
+    std::string text;
     char next = 0;
     while (::read(output_, &next, 1) == 1 && next != '\n') {
-        answer += next;
+        text += next;
     }
-    EXPECT_FALSE(answer.empty()) << "no answer to " << command;
-    return answer.empty() ? -1 : std::stoi(answer);
+    return next == '\n' ? std::optional(std::stoi(text)) : std::nullopt;
 }
 
 void OtherSession::kill()
 {
     ::kill(process_, SIGKILL);
+    waitpid(process_, nullptr, 0);
+    process_ = -1;
 }
 
 ServerTest::ServerTest(const std::string& location)

@@ -5,6 +5,7 @@
 #ifndef VELRZM_TESTS_SERVER_SERVER_TEST_H
 #define VELRZM_TESTS_SERVER_SERVER_TEST_H
 
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -63,9 +64,14 @@ public:
 
     /** "start", "commit", "discard", "create CLASS PATH=VALUE ...", "change CLASS KEY=VALUE PATH=VALUE",
      * "size CLASS"; of the vault "create-and-check-in", "check-out", "check-in", "cancel", "revise",
-     * each with DocVersion PATH=VALUE ... */
+     * each with DocVersion PATH=VALUE ...; "watch CLASS N" answers at the next command, and before it: how
+     * many of the sizes of the class that it read meanwhile were no multiples of N. */
     int run(const std::string& command) const;
-    /** Ends the process at once, as a crash would. */
+    /** Gives commands, one a line, without waiting for their answers. */
+    void send(const std::string& commands) const;
+    /** The next answer; none when the process ended before it. */
+    std::optional<int> answer() const;
+    /** Ends the process at once, as a crash would, and waits until it is gone; its answers can still be read. */
     void kill();
 
 private:
