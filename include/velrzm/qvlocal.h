@@ -12,8 +12,11 @@
 #define VELRZM_QVLOCAL_H
 
 #include <cstddef>
+#include <cstdint>
+#include <functional>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <velrzm/export.h>
@@ -40,6 +43,36 @@ VELRZM_API std::string currentStore();
  */
 VELRZM_API void initializeStore(const std::string& location, const std::string& user,
                                 const std::string& password);
+
+/** Fails as initializeStore would when something is already there; for asking before a password is asked for. */
+VELRZM_API void requireNoStore(const std::string& location);
+
+/** What a store is and holds. */
+struct StoreSummary {
+    std::int64_t formatVersion; // of the form in which objects are kept
+    std::uintmax_t bytes;       // that everything takes
+    std::size_t users;
+    std::vector<std::pair<std::string, std::size_t>> objects; // how many of each class, every class named
+};
+
+/** Looks at a store. */
+VELRZM_API StoreSummary summarizeStore(const std::string& location);
+
+/** Whether a file that is already there is replaced. */
+enum class Replace { No, Yes };
+
+/** Told how many bytes of how many are copied. What it throws ends the copying and reaches the caller. */
+using BackupProgress = std::function<void(std::uintmax_t done, std::uintmax_t total)>;
+
+/**
+ * Writes a copy of a store to `file`, where it is a store of its own with the same users. It holds what was
+ * committed when the copying began; others go on reading and writing meanwhile. The copy appears as a whole,
+ * on the disk, or not at all.
+ *
+ *     qvlocal::backUpStore(qvlocal::currentStore(), "/backup/parts.db", qvlocal::Replace::Yes);
+ */
+VELRZM_API void backUpStore(const std::string& location, const std::string& file,
+                            Replace replace = Replace::No, const BackupProgress& progress = {});
 
 /** Adds a user who is not there yet. */
 VELRZM_API void addUser(const std::string& location, const std::string& user, const std::string& password);

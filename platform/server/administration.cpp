@@ -4,6 +4,7 @@
 #include "platform/server/errors.h"
 #include "platform/server/loader.h"
 #include "platform/server/password.h"
+#include "platform/server/store_backup.h"
 #include "platform/server/store_location.h"
 
 namespace qvlocal {
@@ -92,6 +93,34 @@ void initializeStore(const std::string& location, const std::string& user, const
     reported([&] {
         checkUserName(user);
         qvserver::createStore(location, user, qvserver::hashOfPassword(password));
+    });
+}
+
+void requireNoStore(const std::string& location)
+{
+    reported([&] { qvserver::requireNothingAt(location); });
+}
+
+StoreSummary summarizeStore(const std::string& location)
+{
+    return reported([&] {
+        const auto store = storeWithUsers(location);
+        const Transaction sameState(*store, Access::Read);
+        StoreSummary summary = {store->formatVersion(), store->size(), store->userNames().size(), {}};
+        for (const qvserver::Class& objectClass : qvserver::allClasses()) {
+            summary.objects.emplace_back(objectClass.name, store->count(objectClass));
+        }
+        return summary;
+    });
+}
+
+void backUpStore(const std::string& location, const std::string& file, Replace replace,
+                 const BackupProgress& progress)
+{
+    reported([&] {
+        qvserver::backUpStore(
+            location, file, replace == Replace::Yes ? qvserver::Replace::Yes : qvserver::Replace::No,
+            progress ? progress : [](std::uintmax_t, std::uintmax_t) {});
     });
 }
 

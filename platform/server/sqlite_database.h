@@ -70,8 +70,10 @@ public:
     bool inTransaction() const noexcept { return sqlite3_get_autocommit(handle()) == 0; }
     bool isReadOnly() const noexcept { return sqlite3_db_readonly(handle(), nullptr) == 1; }
 
-private:
+    /** For the calls of SQLite that take a connection. */
     sqlite3* handle() const noexcept { return handle_.get(); }
+
+private:
     SqliteStatement& prepared(std::string_view text);
     void addFunctions();
 

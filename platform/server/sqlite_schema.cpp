@@ -81,6 +81,11 @@ void createSchema(SqliteDatabase& database)
     database.run(sql.c_str());
 }
 
+std::int64_t versionOfSchema(const SqliteDatabase& database)
+{
+    return database.numberOf("user_version");
+}
+
 void checkSchema(const SqliteDatabase& database, const std::string& path)
 {
     if (database.numberOf("application_id") != applicationId) {
@@ -88,7 +93,7 @@ void checkSchema(const SqliteDatabase& database, const std::string& path)
              " is a database, but not a store of this server; set QV_STORE to the right "
              "file, or remove this one and run: velrzm init");
     }
-    const auto version = database.numberOf("user_version");
+    const auto version = versionOfSchema(database);
     if (version > schemaVersion) {
         fail(Failure::StoreVersion, "the store ", path, " has version ", version,
              ", this program knows version ", schemaVersion,

@@ -12,6 +12,8 @@ namespace qvserver {
 /** Makes the tables in an empty database. */
 void createSchema(SqliteDatabase& database);
 
+std::int64_t versionOfSchema(const SqliteDatabase& database);
+
 /** Fails unless the database is a store of this server in the version that it knows. */
 void checkSchema(const SqliteDatabase& database, const std::string& path);
 

@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include "platform/server/query_sql.h"
+#include "platform/server/sqlite_copy.h"
 #include "platform/server/sqlite_schema.h"
 
 namespace qvserver {
@@ -16,6 +17,18 @@ namespace qvserver {
 namespace {
 
 namespace fs = std::filesystem;
+
+/** Fails because of what stands in the way of a new store. */
+[[noreturn]] void failToMake(const std::string& path, const std::error_code& error)
+{
+    if (error == std::errc::file_exists) {
+        fail(Failure::StoreExists, "nothing was made: there is already something at ", path,
+             "; if it is a store, use it as it is, and if you do not need it, remove it; or choose another "
+             "path, with --store or in QV_STORE");
+    }
+    fail(Failure::StoreFailure, "cannot make a store at ", path, ": ", error.message(),
+         "; choose a path that you may write, with --store or in QV_STORE");
+}
 
 /** A new, empty file, which only one process can have made; removed again unless it is kept. */
 class NewFile {
@@ -25,18 +38,16 @@ public:
         constexpr mode_t ownerAndGroup = 0660;
         const int file = ::open(path_.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, ownerAndGroup);
         if (file < 0) {
-            const std::error_code error(errno, std::generic_category());
-            fail(error == std::errc::file_exists ? Failure::StoreExists : Failure::StoreFailure,
-                 "cannot make a store at ", path_, ": ", error.message());
+            failToMake(path_, {errno, std::generic_category()});
         }
         ::close(file);
     }
     ~NewFile()
     {
-        for (const char* const suffix : {"", "-wal", "-shm", "-journal"}) {
+        for (const std::string& path : SqliteStore::filesAt(path_)) {
             std::error_code ignored;
             if (!kept_) {
-                fs::remove(path_ + suffix, ignored);
+                fs::remove(path, ignored);
             }
         }
     }
@@ -120,11 +131,20 @@ std::unique_ptr<Store> SqliteStore::open(const std::string& path)
     return store;
 }
 
+void SqliteStore::requireNothingAt(const std::string& path)
+{
+    std::error_code ignored;
+    if (fs::exists(fs::symlink_status(path, ignored))) {
+        failToMake(path, std::make_error_code(std::errc::file_exists));
+    }
+}
+
 void SqliteStore::create(const std::string& path, std::string_view user, std::string_view passwordHash)
 {
     std::error_code error;
-    if (const auto folder = fs::path(path).parent_path(); !folder.empty()) {
-        fs::create_directories(folder, error); // what goes wrong shows when the file is made
+    if (const auto folder = fs::path(path).parent_path();
+        !folder.empty() && !fs::create_directories(folder, error) && error) {
+        failToMake(path, error);
     }
     NewFile file(path);
     const auto store = make(path);
@@ -141,6 +161,11 @@ std::unique_ptr<Store> SqliteStore::inMemory()
     auto store = make(":memory:", true);
     createSchema(store->database_);
     return store;
+}
+
+std::vector<std::string> SqliteStore::filesAt(const std::string& path)
+{
+    return {path, path + "-wal", path + "-shm", path + "-journal"};
 }
 
 void SqliteStore::begin(Access access)
@@ -277,6 +302,28 @@ std::unique_ptr<Lookup> SqliteStore::lookup(Query query, std::string_view path)
     query.select.emplace_back(objectIdPath);
     query.where.push_back(equals(path, ""));
     return std::make_unique<SqliteLookup>(database_, query);
+}
+
+std::int64_t SqliteStore::count(const Class& objectClass)
+{
+    auto counted = database_.use("SELECT COUNT(*) FROM " + sqlName(objectClass.name));
+    counted->step();
+    return counted->integer(0);
+}
+
+std::int64_t SqliteStore::formatVersion() const
+{
+    return versionOfSchema(database_);
+}
+
+std::uintmax_t SqliteStore::size() const
+{
+    return static_cast<std::uintmax_t>(database_.numberOf("page_count") * database_.numberOf("page_size"));
+}
+
+void SqliteStore::copyTo(const std::string& path, const CopyProgress& progress)
+{
+    copyDatabase(database_, path, progress);
 }
 
 std::vector<std::string> SqliteStore::userNames()

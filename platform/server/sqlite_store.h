@@ -20,8 +20,12 @@ public:
     static std::unique_ptr<Store> open(const std::string& path);
     /** A new store at `path`, where nothing may be, with one user; nothing is left there when it fails. */
     static void create(const std::string& path, std::string_view user, std::string_view passwordHash);
+    /** Fails as `create` would when there is something at `path`. */
+    static void requireNothingAt(const std::string& path);
     /** A new store in memory. */
     static std::unique_ptr<Store> inMemory();
+    /** The files of a store at `path`: its own first, then those that come and go beside it. */
+    static std::vector<std::string> filesAt(const std::string& path);
 
     void begin(Access access) override;
     void commit() override;
@@ -34,6 +38,11 @@ public:
     Values values(const Class& objectClass, std::int64_t id) override;
     std::shared_ptr<const Rows> select(const Query& query) override;
     std::unique_ptr<Lookup> lookup(Query query, std::string_view path) override;
+    std::int64_t count(const Class& objectClass) override;
+
+    std::int64_t formatVersion() const override;
+    std::uintmax_t size() const override;
+    void copyTo(const std::string& path, const CopyProgress& progress) override;
 
     bool isOpenToAll() const noexcept override { return inMemory_; }
     std::vector<std::string> userNames() override;

@@ -6,6 +6,7 @@
 #define VELRZM_PLATFORM_SERVER_STORE_H
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -35,6 +36,9 @@ public:
     virtual const std::vector<std::int64_t>& find(std::string_view value, Rows& rows) = 0;
 };
 
+/** Told how many bytes of how many are copied; it may throw to end the copying. */
+using CopyProgress = std::function<void(std::uintmax_t done, std::uintmax_t total)>;
+
 class Store {
 public:
     Store() = default;
@@ -62,6 +66,14 @@ public:
      * one transaction, since a transaction for each question would cost more than the answer.
      */
     virtual std::unique_ptr<Lookup> lookup(Query query, std::string_view path) = 0;
+    virtual std::int64_t count(const Class& objectClass) = 0;
+
+    /** The version of the form in which objects are kept. */
+    virtual std::int64_t formatVersion() const = 0;
+    /** How many bytes everything takes. */
+    virtual std::uintmax_t size() const = 0;
+    /** Writes what is committed at this moment to the empty file at `path`, while others go on working. */
+    virtual void copyTo(const std::string& path, const CopyProgress& progress) = 0;
 
     /** Whether the store keeps no users and anybody may use it. */
     virtual bool isOpenToAll() const noexcept = 0;

@@ -21,17 +21,6 @@ std::string environment(const char* name)
     return value == nullptr ? "" : value;
 }
 
-/** What stands behind "sqlite:". */
-std::string sqlitePath(const std::string& location)
-{
-    if (location.compare(0, sqliteScheme.size(), sqliteScheme) != 0 ||
-        location.size() == sqliteScheme.size()) {
-        fail(Failure::BadArgument, quoted(location),
-             " names no store; set QV_STORE to sqlite:PATH or sqlite::memory:");
-    }
-    return location.substr(sqliteScheme.size());
-}
-
 } // namespace
 
 std::string storeLocation()
@@ -55,15 +44,35 @@ std::string defaultStoreLocation()
     return std::string(sqliteScheme) + folder + "/velrzm/store.db";
 }
 
+std::string pathOfStore(const std::string& location)
+{
+    if (location.compare(0, sqliteScheme.size(), sqliteScheme) != 0 ||
+        location.size() == sqliteScheme.size()) {
+        fail(Failure::BadArgument, quoted(location),
+             " names no store; set QV_STORE to sqlite:PATH or sqlite::memory:");
+    }
+    return location.substr(sqliteScheme.size());
+}
+
+std::vector<std::string> storeFilesAt(const std::string& path)
+{
+    return SqliteStore::filesAt(path);
+}
+
 std::unique_ptr<Store> openStore(const std::string& location)
 {
-    const std::string path = sqlitePath(location);
+    const std::string path = pathOfStore(location);
     return path == inMemory ? SqliteStore::inMemory() : SqliteStore::open(path);
+}
+
+void requireNothingAt(const std::string& location)
+{
+    SqliteStore::requireNothingAt(pathOfStore(location));
 }
 
 void createStore(const std::string& location, const std::string& user, const std::string& passwordHash)
 {
-    const std::string path = sqlitePath(location);
+    const std::string path = pathOfStore(location);
     if (path == inMemory) {
         fail(Failure::BadArgument, location, " lives as long as a logon and needs no initialisation");
     }

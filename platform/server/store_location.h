@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/server/store.h"
 
@@ -22,6 +23,15 @@ std::unique_ptr<Store> openStore(const std::string& location);
 
 /** Makes an empty store with its first user at `location`, where nothing may be yet. */
 void createStore(const std::string& location, const std::string& user, const std::string& passwordHash);
+
+/** Fails when there is something where a store is to be made. */
+void requireNothingAt(const std::string& location);
+
+/** The path that `location` names; fails when it names no store. */
+std::string pathOfStore(const std::string& location);
+
+/** The files of a store at `path`: its own first, then those that come and go beside it. */
+std::vector<std::string> storeFilesAt(const std::string& path);
 
 } // namespace qvserver
 
