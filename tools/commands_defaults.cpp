@@ -4,11 +4,16 @@
 #include <algorithm>
 #include <map>
 #include <memory>
+#include <set>
+#include <tuple>
+#include <utility>
+#include <vector>
 
 #include <unistd.h>
 
 #include "tools/command_line.h"
 #include "tools/defaults_files.h"
+#include "tools/defaults_uses.h"
 #include "tools/failures.h"
 #include "tools/standard_streams.h"
 
@@ -16,139 +21,114 @@ namespace tools {
 
 namespace {
 
-/** What an operation does with its defaults. */
-struct DefaultsUse {
-    const char* operation;
-    bool isLimited;                         // to 19 pairs
-    std::vector<std::string> setAfterwards; // attributes that get another value after the defaults
-};
-
-constexpr int pairLimit = 19;
-
-const std::vector<DefaultsUse>& defaultsUses()
+/** What entries may name, each once. */
+std::set<std::string> entryNames()
 {
-    static const std::vector<DefaultsUse> uses = {
-        {"EngineeringChangeCreate", false, {"id", "desc", "update_count", "initiator@person_identifier"}},
-        {"AffectedItemCreate", true, {}},
-        {"ItemCreate",
-         false,
-         {"logical_key@item_number", "logical_key@loc_id", "il_ec_number", "name", "design_loc_id",
-          "update_count"}},
-        {"ItemHeaderCreate",
-         false,
-         {"il_ec_number", "logical_key@item_number", "name", "description", "item_type", "x_sec_level_code",
-          "x_sec_cat_code", "update_count"}},
-        {"ItemPUEffectivityCreate",
-         false,
-         {"update_count", "loc_id", "item_number", "ecid", "prod_id", "cut_in_unit"}},
-        {"DocumentCreateCheckIn", true, {}},
-        {"DocumentCheckOut", true, {}},
-        {"DocumentCheckIn", true, {}},
-        {"DocumentCancelCheckOut", true, {}},
-        {"DocumentMakeNewRevision", true, {}},
-        {"DocumentMakeECControlled", true, {}},
-        {"BomHeaderCreate", true, {}},
-        {"ItemReferenceCreate", true, {}},
-        {"XlatRead", false, {}},
-    };
-    return uses;
-}
-
-const DefaultsUse* useOf(const std::string& operation)
-{
-    const auto& uses = defaultsUses();
-    const auto found = std::find_if(uses.begin(), uses.end(), [&operation](const DefaultsUse& use) {
-        return use.operation == operation;
-    });
-    return found == uses.end() ? nullptr : &*found;
-}
-
-std::string operationNames()
-{
-    std::string names;
+    std::set<std::string> names;
     for (const DefaultsUse& use : defaultsUses()) {
-        names += std::string(names.empty() ? "" : ", ") + use.operation;
+        names.insert(use.entries);
     }
     return names;
 }
 
-/** The pairs that an operation gets: a local entry takes the place of the first shared one of its attribute.
- */
-std::vector<DefaultsEntry> pairsFor(const std::string& operation)
+std::string joined(const std::set<std::string>& texts)
 {
-    std::vector<DefaultsEntry> pairs;
-    const auto isOthers = [&operation](const DefaultsEntry& entry) { return entry.operation != operation; };
-    for (const DefaultsEntry& entry : readDefaultsFile(sharedDefaultsFile())) {
-        if (!isOthers(entry)) {
-            pairs.push_back(entry);
-        }
+    std::string all;
+    for (const std::string& text : texts) {
+        all += (all.empty() ? "" : ", ") + text;
     }
-    for (const DefaultsEntry& entry : readDefaultsFile(localDefaultsFile())) {
-        const auto same = std::find_if(pairs.begin(), pairs.end(), [&entry](const DefaultsEntry& pair) {
-            return pair.attribute == entry.attribute;
-        });
-        if (isOthers(entry)) {
-            continue;
-        }
-        if (same == pairs.end()) {
-            pairs.push_back(entry);
-        } else {
-            *same = entry;
-        }
-    }
-    return pairs;
+    return all;
 }
 
 void show(const std::string& operation, const Settings& settings)
 {
-    if (useOf(operation) == nullptr) {
-        throw Refused(operation + " is no operation that takes defaults; there are " + operationNames());
+    if (usesOfEntries(operation).empty()) {
+        throw Refused("no defaults are read for " + operation + ", only for " + joined(entryNames()));
     }
     Records records{{"attribute", "value", "file", "line"}, {}};
-    for (const DefaultsEntry& pair : pairsFor(operation)) {
+    for (const DefaultsEntry& pair :
+         pairsFor(operation, readDefaultsFile(sharedDefaultsFile()), readDefaultsFile(localDefaultsFile()))) {
         records.rows.push_back({pair.attribute, pair.value, pair.file, std::to_string(pair.line)});
     }
     writeRecords(records, Shape::List, settings.format);
 }
 
-/** Looks at the entries of one file, one after another. */
+/** The place of an entry. */
+using Place = std::pair<std::string, int>;
+
+Place placeOf(const DefaultsEntry& entry)
+{
+    return {entry.file, entry.line};
+}
+
+/** The entries that are one too many for their operation. */
+std::set<Place> entriesBeyondLimit(const std::vector<DefaultsEntry>& shared,
+                                   const std::vector<DefaultsEntry>& local)
+{
+    std::set<Place> beyond;
+    for (const DefaultsUse& use : defaultsUses()) {
+        const std::vector<DefaultsEntry> pairs = pairsFor(use.entries, shared, local);
+        for (std::size_t place = defaultsLimit;
+             use.limit == DefaultsUse::Limit::First19 && place < pairs.size(); ++place) {
+            beyond.insert(placeOf(pairs[place]));
+        }
+    }
+    return beyond;
+}
+
+/** Looks at the entries of files, one after another. */
 class Checker {
 public:
+    explicit Checker(std::set<Place> beyondLimit) : beyondLimit_(std::move(beyondLimit)) {}
+
     void check(const DefaultsEntry& entry)
     {
+        const std::vector<DefaultsUse> uses = usesOfEntries(entry.operation);
         if (entry.isLineTooLong) {
             complain(entry, "the line has more than 62 characters and is read in pieces; make it shorter");
-            return;
-        }
-        const DefaultsUse* const use = useOf(entry.operation);
-        if (use == nullptr) {
+        } else if (uses.empty()) {
             complain(entry,
-                     "no operation " + entry.operation + " takes defaults; there are " + operationNames());
+                     "no defaults are read for " + entry.operation + ", only for " + joined(entryNames()));
         } else if (entry.value.empty()) {
             complain(entry, "the line has fewer than three words; write OPERATION ATTRIBUTE VALUE");
         } else {
-            checkPair(entry, *use);
+            checkRepetition(entry);
+            checkEffect(entry, uses);
         }
     }
 
     const Records& complaints() const { return complaints_; }
 
 private:
-    void checkPair(const DefaultsEntry& entry, const DefaultsUse& use)
+    void checkRepetition(const DefaultsEntry& entry)
     {
-        const auto [first, isNew] = lines_.emplace(std::pair(entry.operation, entry.attribute), entry.line);
+        const auto [first, isNew] =
+            lines_.emplace(std::tuple(entry.file, entry.operation, entry.attribute), entry.line);
         if (!isNew) {
             complain(entry, entry.attribute + " stands in line " + std::to_string(first->second) +
                                 " as well; remove one of the two");
         }
-        if (std::find(use.setAfterwards.begin(), use.setAfterwards.end(), entry.attribute) !=
-            use.setAfterwards.end()) {
-            complain(entry,
-                     entry.operation + " sets " + entry.attribute + " itself afterwards; remove the line");
+    }
+
+    /** Whether anything comes of the entry. */
+    void checkEffect(const DefaultsEntry& entry, const std::vector<DefaultsUse>& uses)
+    {
+        std::set<std::string> setting;
+        for (const DefaultsUse& use : uses) {
+            if (std::count(use.setAfterwards.begin(), use.setAfterwards.end(), entry.attribute) > 0) {
+                setting.insert(use.operation);
+            }
+            if (use.effect == DefaultsUse::Effect::OnlyLogged) {
+                complain(entry, std::string(use.operation) + " sets none of its defaults; remove the line");
+            }
         }
-        if (++pairs_[entry.operation] > pairLimit && use.isLimited) {
-            complain(entry, entry.operation + " takes " + std::to_string(pairLimit) +
-                                " pairs and this is one more; remove a line");
+        if (!setting.empty()) {
+            complain(entry, entry.attribute + " is set afterwards, whatever stands here, by " +
+                                joined(setting) + "; remove the line");
+        }
+        if (beyondLimit_.count(placeOf(entry)) > 0) {
+            complain(entry, entry.operation + " takes " + std::to_string(defaultsLimit) +
+                                " pairs from all files and this is one more; remove a line");
         }
     }
 
@@ -157,38 +137,28 @@ private:
         complaints_.rows.push_back({entry.file, std::to_string(entry.line), problem});
     }
 
-    std::map<std::pair<std::string, std::string>, int> lines_;
-    std::map<std::string, int> pairs_;
+    std::set<Place> beyondLimit_;
+    std::map<std::tuple<std::string, std::string, std::string>, int> lines_;
     Records complaints_{{"file", "line", "problem"}, {}};
 };
 
-/** The file that was named, or those that are there of the two that are read. */
-std::vector<std::string> filesToCheck(const std::string& named)
-{
-    const std::vector<std::string> candidates =
-        named.empty() ? std::vector<std::string>{sharedDefaultsFile(), localDefaultsFile()}
-                      : std::vector{named};
-    std::vector<std::string> files;
-    std::copy_if(candidates.begin(), candidates.end(), std::back_inserter(files),
-                 [](const std::string& path) { return access(path.c_str(), R_OK) == 0; });
-    if (files.empty()) {
-        throw Refused(named.empty() ? "there is neither " + candidates[0] + " nor " + candidates[1]
-                                    : named + " cannot be read");
-    }
-    return files;
-}
-
 void check(const std::string& named, const Settings& settings)
 {
-    Records complaints{{"file", "line", "problem"}, {}};
-    for (const std::string& path : filesToCheck(named)) {
-        Checker checker;
-        for (const DefaultsEntry& entry : readDefaultsFile(path)) {
-            checker.check(entry);
-        }
-        const auto& found = checker.complaints().rows;
-        complaints.rows.insert(complaints.rows.end(), found.begin(), found.end());
+    const std::string shared = named.empty() ? sharedDefaultsFile() : named;
+    const std::string local = named.empty() ? localDefaultsFile() : "";
+    const auto isReadable = [](const std::string& path) { return access(path.c_str(), R_OK) == 0; };
+    if (!isReadable(shared) && !isReadable(local)) {
+        throw Refused(named.empty() ? "there is neither " + shared + " nor " + local
+                                    : named + " cannot be read");
     }
+    const std::vector<DefaultsEntry> sharedEntries = readDefaultsFile(shared);
+    const std::vector<DefaultsEntry> localEntries = readDefaultsFile(local);
+    Checker checker(entriesBeyondLimit(sharedEntries, localEntries));
+    for (const auto* const entries : {&sharedEntries, &localEntries}) {
+        std::for_each(entries->begin(), entries->end(),
+                      [&checker](const DefaultsEntry& entry) { checker.check(entry); });
+    }
+    const Records& complaints = checker.complaints();
     writeRecords(complaints, Shape::List, settings.format);
     if (!complaints.rows.empty()) {
         throw Refused(std::to_string(complaints.rows.size()) + " problems in the defaults files");

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/defaults_files.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
 #include <memory>
 #include <sstream>
 
@@ -20,6 +22,28 @@ std::string sharedDefaultsFile()
 std::string localDefaultsFile()
 {
     return "./My_QVL_RZM_DEFAULT";
+}
+
+std::vector<DefaultsEntry> pairsFor(const std::string& operation, const std::vector<DefaultsEntry>& shared,
+                                    const std::vector<DefaultsEntry>& local)
+{
+    std::vector<DefaultsEntry> pairs;
+    std::copy_if(shared.begin(), shared.end(), std::back_inserter(pairs),
+                 [&operation](const DefaultsEntry& entry) { return entry.operation == operation; });
+    for (const DefaultsEntry& entry : local) {
+        if (entry.operation != operation) {
+            continue;
+        }
+        const auto same = std::find_if(pairs.begin(), pairs.end(), [&entry](const DefaultsEntry& pair) {
+            return pair.attribute == entry.attribute;
+        });
+        if (same == pairs.end()) {
+            pairs.push_back(entry);
+        } else {
+            *same = entry;
+        }
+    }
+    return pairs;
 }
 
 std::vector<DefaultsEntry> readDefaultsFile(const std::string& path)

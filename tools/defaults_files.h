@@ -24,6 +24,11 @@ struct DefaultsEntry {
 std::string sharedDefaultsFile();
 std::string localDefaultsFile();
 
+/** The pairs that an operation gets from the entries of the shared file and the local one: a local entry takes
+ * the place of the first one of its attribute. */
+std::vector<DefaultsEntry> pairsFor(const std::string& operation, const std::vector<DefaultsEntry>& shared,
+                                    const std::vector<DefaultsEntry>& local);
+
 /** The entries of a file; none when it cannot be read. */
 std::vector<DefaultsEntry> readDefaultsFile(const std::string& path);
 

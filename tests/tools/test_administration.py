@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: Apache-2.0
 """Users, tables, defaults files, logs, and the look at all of it."""
+import json
 import unittest
 
 from command import CommandTest, REFUSED
@@ -79,6 +80,29 @@ class Administration(CommandTest):
         self.assertIn("= -210", log[int(failure["line"]) - 1])
         self.refused("log", "summary", self.file("other", "no log\n"))
         self.refused("log", "summary", "missing")
+
+    def test_defaults_check_counts_over_both_files(self):
+        shared = self.directory / "site"
+        shared.mkdir()
+        self.environment["RZM_DEFAULT_DIRECTORY"] = str(shared)
+        (shared / "QVL_RZM_DEFAULT").write_text("".join(f"DocumentCheckIn a{i} 1\n" for i in range(18)))
+        self.file("My_QVL_RZM_DEFAULT", "DocumentCheckIn a0 2\nDocumentCheckIn b 2\nDocumentCheckIn a1 2\n")
+        self.done("defaults", "check")  # 19: what overrides is no further pair
+        self.file("My_QVL_RZM_DEFAULT", "DocumentCheckIn a0 2\nDocumentCheckIn b 2\nDocumentCheckIn c 2\n")
+        run = self.run_command("defaults", "check", "--format", "json")
+        self.assertEqual(run.returncode, REFUSED)
+        self.assertEqual([(row["file"], row["line"]) for row in json.loads(run.stdout)], [("./My_QVL_RZM_DEFAULT", "3")])
+        self.done("defaults", "check", "My_QVL_RZM_DEFAULT")  # alone there are 3
+
+    def test_defaults_without_effect_are_told(self):
+        run = self.run_command("defaults", "check", self.file(
+            "checked", "ItemCreate name X\nItemCreate design_loc_id X\nItemCreate item_type X\n"
+                       "DocumentMakeECControlled doc_type X\nAffectedItemCreate item_number X\nXlatRead units X\n"
+                       "ItemPUEffectivityCreate prod_id X\n"), "--format", "json")
+        problems = {row["line"]: row["problem"] for row in json.loads(run.stdout)}
+        self.assertEqual(list(problems), ["1", "2", "4", "7"])
+        self.assertIn("ItemCreate, ItemSave", problems["1"])
+        self.assertNotIn("ItemSave", problems["2"])
 
     def test_doctor(self):
         self.environment["QVL_LOG_FILE"] = "access.log"
