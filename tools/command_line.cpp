@@ -103,6 +103,19 @@ CLI::App& CommandLine::addCommand(CLI::App& parent, const std::string& name,
     return command;
 }
 
+void CommandLine::addFormats(CLI::App& command, const std::map<std::string, Format>& further)
+{
+    std::map<std::string, Format> offered = formats;
+    std::string names;
+    for (const auto& [name, format] : further) {
+        offered.emplace(name, format);
+        names += ", " + name;
+    }
+    command.add_option("--format", settings_.format, "Form of the results, here also" + names.substr(1))
+        ->type_name("FORMAT")
+        ->transform(CLI::CheckedTransformer(offered));
+}
+
 void CommandLine::parse(std::vector<std::string> arguments)
 {
     std::reverse(arguments.begin(), arguments.end()); // that is how the parser takes them

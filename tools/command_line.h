@@ -5,6 +5,7 @@
 #define VELRZM_TOOLS_COMMAND_LINE_H
 
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -44,6 +45,8 @@ public:
     /** Adds a command; `example` is the last line of its help. */
     CLI::App& addCommand(CLI::App& parent, const std::string& name, const std::string& description,
                          const std::string& example, std::function<void()> action);
+    /** Offers a command more forms of its results than all commands have. */
+    void addFormats(CLI::App& command, const std::map<std::string, Format>& further);
 
 private:
     CLI::App app_;

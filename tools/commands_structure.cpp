@@ -7,6 +7,7 @@
 #include "tools/operation_command.h"
 #include "tools/structure.h"
 #include "tools/structure_drawing.h"
+#include "tools/structure_graph.h"
 
 namespace tools {
 
@@ -38,11 +39,25 @@ Outcome explodeStructure(Call& call)
     return call.list(explode(request(call, "item"), call.selected()));
 }
 
+/** The graph of a structure, with the name of its top, which no line of it tells. */
+std::string graph(const StructureRequest& request, std::vector<StructureNode> nodes)
+{
+    nodes.front().name = topItemValues(request, {"name"}).front();
+    return structureGraph(nodes);
+}
+
 Outcome drawTree(Call& call)
 {
     const std::vector<StructureLine> found = lines(call, "item");
-    return found.empty() ? Outcome{{{"item_number"}, {}}, Shape::List}
-                         : drawing(structureTree(call.text("item"), found));
+    if (found.empty()) {
+        return {{{"item_number"}, {}}, Shape::List};
+    }
+    const StructureRequest asked = request(call, "item");
+    const std::vector<StructureNode> nodes = structureTree(asked.item, found);
+    Outcome outcome = drawing(nodes);
+    outcome.drawn[Format::Dot] = [=] { return graph(asked, nodes); };
+    outcome.drawn[Format::Svg] = [=] { return drawnGraph(graph(asked, nodes)); };
+    return outcome;
 }
 
 Outcome compareStructures(Call& call)
@@ -74,11 +89,12 @@ CommandGroup structureCommands()
               structureAttributes,
               explodeStructure},
              {"tree",
-              "Draw a bill of material as a tree, equal lines taken together",
-              "velrzm bom tree A-100",
+              "Draw a bill of material as a tree, equal lines taken together, or as a graph of its items",
+              "velrzm bom tree A-100 --format svg > A-100.svg",
               {topItem, lineChange, levels},
               {},
-              drawTree},
+              drawTree,
+              {{"dot", Format::Dot}, {"svg", Format::Svg}}},
              {"flat",
               "Add up how often each component occurs, over all levels",
               "velrzm bom flat A-100",

@@ -96,6 +96,9 @@ void writeRecords(const Records& records, Shape shape, Format format)
         return writeResult(csvText(records));
     case Format::PrintList:
         return writeResult(printListText(records));
+    case Format::Dot:
+    case Format::Svg:
+        return; // records are not drawn
     }
 }
 

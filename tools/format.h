@@ -8,7 +8,8 @@
 
 namespace tools {
 
-enum class Format { Table, Json, Csv, PrintList };
+/** Dot and Svg are offered by commands that draw them themselves. */
+enum class Format { Table, Json, Csv, PrintList, Dot, Svg };
 
 /** One object, or as many as there are. */
 enum class Shape { Object, List };

@@ -70,8 +70,8 @@ void runCommand(const OperationCommand& operation, const CLI::App& command, cons
     if (outcome.records.columns.empty()) {
         return;
     }
-    if (settings.format == Format::Table && !outcome.drawn.empty()) {
-        writeResult(outcome.drawn);
+    if (const auto drawn = outcome.drawn.find(settings.format); drawn != outcome.drawn.end()) {
+        writeResult(drawn->second());
     } else {
         writeRecords(outcome.records, outcome.shape, settings.format);
     }
@@ -91,6 +91,9 @@ void addOperation(CommandLine& line, CLI::App& group, const OperationCommand& op
     }
     if (!operation.shown.empty()) {
         addSelection(**command);
+    }
+    if (!operation.furtherFormats.empty()) {
+        line.addFormats(**command, operation.furtherFormats);
     }
 }
 

@@ -34,8 +34,8 @@ struct Parameter {
 struct Outcome {
     Records records;
     Shape shape = Shape::Object;
-    bool mayBeEmpty = false; // no record is an answer too
-    std::string drawn = {};  // what to show instead of a table
+    bool mayBeEmpty = false;                                   // no record is an answer too
+    std::map<Format, std::function<std::string()>> drawn = {}; // what to show instead of the records
 };
 
 /** The arguments of one run of a command, in the forms that the operations take. */
@@ -86,6 +86,8 @@ struct OperationCommand {
     /** The attributes that are shown unless --select names others; without any, --select is not offered. */
     std::vector<std::string> shown;
     std::function<Outcome(Call&)> run;
+    /** Forms of the results that this command has beyond those of all commands. */
+    std::map<std::string, Format> furtherFormats = {};
 };
 
 /** The commands that share their first word. */

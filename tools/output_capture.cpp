@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/output_capture.h"
 
-#include <array>
 #include <cstdio>
 #include <iostream>
 
 #include <fcntl.h>
-#include <sys/mman.h>
 #include <unistd.h>
 
 #include "tools/failures.h"
@@ -22,26 +20,12 @@ void flushStandardOutput()
     std::fflush(stdout);
 }
 
-std::string contents(int file)
-{
-    std::string text;
-    std::array<char, 4096> piece{};
-    lseek(file, 0, SEEK_SET);
-    ssize_t length = 0;
-    while ((length = read(file, piece.data(), piece.size())) > 0) {
-        text.append(piece.data(), static_cast<std::size_t>(length));
-    }
-    return text;
-}
-
 } // namespace
 
-OutputCapture::OutputCapture()
-    : file_(memfd_create("trace", MFD_CLOEXEC)),
-      saved_(fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1))
+OutputCapture::OutputCapture() : saved_(fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1))
 {
     flushStandardOutput();
-    if (file_ == -1 || saved_ == -1 || dup2(file_, STDOUT_FILENO) == -1) {
+    if (saved_ == -1 || dup2(file_.descriptor(), STDOUT_FILENO) == -1) {
         throw Refused("the library's output cannot be caught: no file descriptors are left");
     }
 }
@@ -63,11 +47,9 @@ std::string OutputCapture::end()
     }
     flushStandardOutput();
     dup2(saved_, STDOUT_FILENO);
-    std::string text = contents(file_);
     close(saved_);
-    close(file_);
     saved_ = -1;
-    return text;
+    return file_.text();
 }
 
 } // namespace tools

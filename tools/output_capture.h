@@ -6,6 +6,8 @@
 
 #include <string>
 
+#include "tools/memory_file.h"
+
 namespace tools {
 
 class OutputCapture {
@@ -22,8 +24,8 @@ public:
 private:
     std::string end();
 
-    int file_ = -1;  // the text, in memory
-    int saved_ = -1; // the descriptor that file_ stands in for
+    MemoryFile file_;
+    int saved_; // the descriptor that file_ stands in for
 };
 
 } // namespace tools

@@ -31,7 +31,24 @@ void fillClosedDescriptors()
     }
 }
 
-/** Writes all of `text`; returns 0 or the reason why not. */
+} // namespace
+
+void separateResults()
+{
+    fillClosedDescriptors();
+    std::signal(SIGPIPE, SIG_IGN); // a closed pipe is an error of the write, and clean-up goes on,
+    std::signal(SIGXFSZ, SIG_IGN); // and so is a file that may not grow any more
+    const int copy = fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    if (copy != -1 && dup2(STDERR_FILENO, STDOUT_FILENO) != -1) {
+        resultFile = copy;
+    }
+}
+
+int resultDescriptor()
+{
+    return resultFile;
+}
+
 int writeAll(int descriptor, std::string_view text)
 {
     while (!text.empty()) {
@@ -45,23 +62,6 @@ int writeAll(int descriptor, std::string_view text)
         }
     }
     return 0;
-}
-
-} // namespace
-
-void separateResults()
-{
-    fillClosedDescriptors();
-    std::signal(SIGPIPE, SIG_IGN); // a closed pipe is an error of the write, and clean-up goes on
-    const int copy = fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
-    if (copy != -1 && dup2(STDERR_FILENO, STDOUT_FILENO) != -1) {
-        resultFile = copy;
-    }
-}
-
-int resultDescriptor()
-{
-    return resultFile;
 }
 
 void writeResult(std::string_view text)

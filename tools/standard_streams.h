@@ -19,6 +19,9 @@ void separateResults();
 /** The file descriptor of the results. */
 int resultDescriptor();
 
+/** Writes all of `text` to a descriptor; returns 0 or the reason why not. */
+int writeAll(int descriptor, std::string_view text);
+
 /** Writes `text` as it is to the results. Throws OutputClosed, or Refused when it cannot be written. */
 void writeResult(std::string_view text);
 

@@ -80,6 +80,22 @@ int explode(const StructureRequest& request, const std::vector<std::string>& att
     return BomExplode(names.data(), values.data(), selected.data());
 }
 
+std::vector<std::string> itemAttributesOfLines(const char* ofItem, const std::vector<std::string>& names)
+{
+    std::vector<std::string> paths(names.size());
+    std::transform(names.begin(), names.end(), paths.begin(),
+                   [ofItem](const std::string& name) { return ofItem + name; });
+    return paths;
+}
+
+std::vector<std::string> topItemValues(const StructureRequest& request, const std::vector<std::string>& names)
+{
+    const std::vector<std::string> paths = itemAttributesOfLines(ofParent, names);
+    explode({request.item, request.change, "1"}, paths);
+    const Records found = currentRecords(paths);
+    return found.rows.empty() ? std::vector<std::string>(names.size()) : found.rows.front();
+}
+
 std::vector<StructureLine> currentStructureLines()
 {
     const Records rows = currentRecords(structureAttributes);

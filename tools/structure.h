@@ -43,6 +43,17 @@ struct StructureNode {
 /** Runs BomExplode and returns what it returned; the current result is the list of the lines. */
 int explode(const StructureRequest& request, const std::vector<std::string>& attributes);
 
+/** The attributes of items on the other end of a line, as they are asked for: "name" of a component is
+ * "comp_item@name". */
+inline constexpr const char* ofComponent = "comp_item@";
+inline constexpr const char* ofParent = "item@";
+std::vector<std::string> itemAttributesOfLines(const char* ofItem, const std::vector<std::string>& names);
+
+/** The values of the item above all lines, which has lines, for the attributes `names`; the current result
+ * changes. */
+std::vector<std::string> topItemValues(const StructureRequest& request,
+                                       const std::vector<std::string>& names);
+
 /** The lines of the current result, after `explode` with `structureAttributes`. */
 std::vector<StructureLine> currentStructureLines();
 

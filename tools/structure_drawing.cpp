@@ -23,7 +23,7 @@ Outcome drawing(const std::vector<StructureNode>& nodes)
         outcome.records.rows.push_back(
             {std::to_string(node.level), node.item, std::to_string(node.quantity), node.name});
     }
-    outcome.drawn = drawnTree(nodes);
+    outcome.drawn[Format::Table] = [nodes] { return drawnTree(nodes); };
     return outcome;
 }
 

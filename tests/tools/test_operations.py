@@ -2,8 +2,10 @@
 """The operations as commands, in every form of output."""
 import json
 import os
+import re
 import subprocess
 import unittest
+import xml.etree.ElementTree
 
 from command import CommandTest, REFUSED
 
@@ -109,6 +111,40 @@ class Operations(CommandTest):
                           for row in self.json("bom", "where-used", "D")],
                          [("0", "D", "1"), ("1", "B", "2"), ("2", "A", "2"), ("1", "C", "1"), ("2", "A", "1")])
         self.refused("component", "create", "D", "A", "10", "--ec", "EC-1")  # it would contain itself
+
+    def graph(self, *arguments):
+        """The labels of the nodes, and the edges between them with theirs."""
+        text = self.done("bom", "tree", *arguments, "--format", "dot")
+        nodes = dict(re.findall(r'^  (n\d+) \[label="((?:[^"\\]|\\.)*)"', text, re.MULTILINE))
+        edges = re.findall(r'^  (n\d+) -> (n\d+) \[label="(\d+)"\]$', text, re.MULTILINE)
+        return list(nodes.values()), [(nodes[above][0], nodes[below][0], number) for above, below, number in edges]
+
+    def test_graph(self):
+        for number in "ABCD":
+            self.item(number)
+        self.structure("A B 10", "A B 20", "A C 30", "B D 10", "B D 20", "C B 10")
+        nodes, edges = self.graph("A")
+        self.assertEqual(sorted(nodes), [f"{item}\\nPART {item}" for item in "ABCD"])
+        self.assertEqual(sorted(edges), [("A", "B", "2"), ("A", "C", "1"), ("B", "D", "2"), ("C", "B", "1")])
+        self.assertEqual(sorted(self.graph("A", "--level", "1")[1]), [("A", "B", "2"), ("A", "C", "1")])
+        self.refused("bom", "tree", "D", "--format", "dot")
+        self.wrong("bom", "explode", "A", "--format", "dot")
+
+    def test_picture_shows_any_text_as_it_is(self):
+        names = ["SAY \"HI\" \\N \\", "<B> &#60; {X}|Y", "GRÜN\nZWEI"]
+        for number, name in zip("ABC", names):
+            self.done("item", "create", number, "--ec", "EC-1", "--name", name)
+        self.structure("A B 10", "B C 10", "B C 20")
+        picture = xml.etree.ElementTree.fromstring(self.done("bom", "tree", "A", "--format", "svg"))
+        shown = [text.text for text in picture.iter("{http://www.w3.org/2000/svg}text")]
+        for text in ("A", "B", "C", "1", "2", names[0], names[1], "GRÜN", "ZWEI"):
+            self.assertIn(text, shown)
+        self.environment["PATH"] = str(self.directory)
+        complaint = self.refused("bom", "tree", "A", "--format", "svg")
+        self.assertIn("apt install graphviz", complaint)
+        (self.directory / "dot").write_text("#!/bin/sh\necho half\nexit 3\n")
+        (self.directory / "dot").chmod(0o755)
+        self.assertIn("status 3", self.refused("bom", "tree", "A", "--format", "svg"))
 
     def test_comparison(self):
         for number in "ABCDX":
