@@ -3,21 +3,22 @@
 // Parts lists: from a file into the store, and back.
 #include <algorithm>
 #include <cstdlib>
+#include <map>
 #include <memory>
 #include <set>
-
-#include <unistd.h>
 
 #include <velrzm/items.h>
 #include <velrzm/logging.h>
 #include <velrzm/multi_save.h>
 #include <velrzm/qv_sdk.h>
+#include <velrzm/result.h>
 
 #include "tools/attribute_names.h"
 #include "tools/command_line.h"
 #include "tools/failures.h"
 #include "tools/output_capture.h"
 #include "tools/parts_list.h"
+#include "tools/progress.h"
 #include "tools/session.h"
 #include "tools/standard_streams.h"
 #include "tools/structure.h"
@@ -36,39 +37,8 @@ struct ImportOptions {
     bool keepGoing = false;
 };
 
-/** Tells how far a long work has come, to a person only. */
-class Progress {
-public:
-    explicit Progress(std::size_t total) : total_(total), isShown_(isatty(STDERR_FILENO) == 1) {}
-    ~Progress()
-    {
-        if (isShown_) {
-            writeNote("\r\033[K");
-        }
-    }
-    Progress(const Progress&) = delete;
-    Progress& operator=(const Progress&) = delete;
-
-    void step()
-    {
-        constexpr std::size_t width = 30;
-        const std::size_t filled = ++done_ * width / total_;
-        if (isShown_ && filled != filled_) {
-            filled_ = filled;
-            writeNote("\r[" + std::string(filled, '#') + std::string(width - filled, ' ') + "] " +
-                      std::to_string(done_) + " of " + std::to_string(total_) + " rows");
-        }
-    }
-
-private:
-    std::size_t total_;
-    std::size_t done_ = 0;
-    std::size_t filled_ = 0;
-    bool isShown_;
-};
-
-/** The names of the stored records of an item. */
-std::vector<std::string> namesOfItem(const std::string& item)
+/** Whether an item is stored. */
+bool isStored(const std::string& item)
 {
     std::string filter = "=" + item;
     std::string inDevelopment = "DEV";
@@ -76,11 +46,7 @@ std::vector<std::string> namesOfItem(const std::string& item)
     TextArray name({"name"});
     ItemQuery(filter.data(), empty.data(), empty.data(), empty.data(), empty.data(), empty.data(),
               empty.data(), inDevelopment.data(), name.data());
-    std::vector<std::string> names;
-    for (const auto& row : currentRecords({"name"}).rows) {
-        names.push_back(row.front());
-    }
-    return names;
+    return entries > 0;
 }
 
 /** Stores the rows of a parts list inside a multi-save. */
@@ -90,14 +56,15 @@ public:
 
     void store(PartsList& list)
     {
-        Progress progress(list.rows.size());
+        Progress progress("rows");
+        std::size_t done = 0;
         for (const PartsListRow& row : list.rows) {
             try {
                 store(row);
             } catch (const Refused& error) {
                 list.complaints.push_back({row.line, error.what()});
             }
-            progress.step();
+            progress.show(++done, list.rows.size());
         }
     }
 
@@ -124,7 +91,7 @@ private:
         if (!items_.insert(item.number).second) {
             return;
         }
-        if (namesOfItem(item.number).empty()) {
+        if (!isStored(item.number)) {
             builder_.createItem(item);
         } else {
             ++found_;
@@ -203,21 +170,61 @@ void importPartsList(ImportOptions options, const Settings& settings)
     writeResult((isStored ? "Stored " : "Would store ") + count + ".\n");
 }
 
-void exportPartsList(const StructureRequest& request, const Settings& settings)
+struct ExportOptions {
+    StructureRequest request;
+    std::vector<std::string> attributes;
+};
+
+/** Refuses columns that import would not read as the attributes that they are written from. */
+void checkAttributes(const std::vector<std::string>& attributes)
 {
+    std::set<std::string> columns(partsListColumns().begin(), partsListColumns().end());
+    for (const std::string& attribute : attributes) {
+        if (!columns.insert(attribute).second) {
+            throw WrongUsage("--attributes " + attribute + ": there is such a column already");
+        }
+        if (attributeOfColumn(attribute) != attribute) {
+            throw WrongUsage("--attributes " + attribute +
+                             ": import would read this column as the attribute " +
+                             attributeOfColumn(attribute));
+        }
+    }
+}
+
+/** The values of each component for the attributes `names`; the lines are the current result. */
+std::map<std::string, std::vector<std::string>> itemValues(const std::vector<StructureLine>& lines,
+                                                           const std::vector<std::string>& names)
+{
+    std::map<std::string, std::vector<std::string>> items;
+    const Records components = currentRecords(itemAttributesOfLines(ofComponent, names));
+    for (std::size_t line = 0; line < lines.size(); ++line) {
+        items.emplace(lines[line].component, components.rows[line]);
+    }
+    return items;
+}
+
+void exportPartsList(const ExportOptions& options, const Settings& settings)
+{
+    checkAttributes(options.attributes);
     connect(settings);
-    std::vector<std::string> attributes = structureAttributes;
-    if (explode(request, attributes) <= 0) {
+    const StructureRequest& request = options.request;
+    std::vector<std::string> names = {"name", "item_type"};
+    names.insert(names.end(), options.attributes.begin(), options.attributes.end());
+    std::vector<std::string> selected = itemAttributesOfLines(ofComponent, names);
+    selected.insert(selected.end(), structureAttributes.begin(), structureAttributes.end());
+    if (explode(request, selected) <= 0) {
         throw Refused(request.item + " has no bill of material to export");
     }
-    const std::vector<StructureNode> nodes = structureTree(request.item, currentStructureLines());
-    Records records{{"level", "item_number", "name", "quantity"}, {}};
-    for (const StructureNode& node : nodes) {
-        records.rows.push_back(
-            {std::to_string(node.level), node.item, node.name, std::to_string(node.quantity)});
+    const std::vector<StructureLine> lines = currentStructureLines();
+    std::map<std::string, std::vector<std::string>> items = itemValues(lines, names);
+    items[request.item] = topItemValues(request, names);
+    Records records{{"level", "item_number", "quantity"}, {}};
+    records.columns.insert(records.columns.end(), names.begin(), names.end());
+    for (const StructureNode& node : structureTree(request.item, lines)) {
+        std::vector<std::string>& row = records.rows.emplace_back(
+            std::vector{std::to_string(node.level), node.item, std::to_string(node.quantity)});
+        row.insert(row.end(), items[node.item].begin(), items[node.item].end());
     }
-    const std::vector<std::string> topNames = namesOfItem(request.item);
-    records.rows.front()[2] = topNames.empty() ? "" : topNames.front();
     writeRecords(records, Shape::List, Format::Csv);
 }
 
@@ -247,12 +254,20 @@ void addPartsListCommands(CommandLine& line)
     import.add_flag("--dry-run", options->dryRun, "Only say what would be stored and refused");
     import.add_flag("--keep-going", options->keepGoing, "Store what is good although rows are refused");
 
-    const auto request = std::make_shared<StructureRequest>();
-    CLI::App& exported = line.addCommand(line.app(), "export", "Write a bill of material as import reads it",
-                                         "velrzm export A-100 > parts.csv",
-                                         [&line, request] { exportPartsList(*request, line.settings()); });
-    exported.add_option("item", request->item, "Item as it is stored")->required();
-    exported.add_option("--ec", request->change, "Lines of this change only");
+    const auto exportOptions = std::make_shared<ExportOptions>();
+    CLI::App& exported =
+        line.addCommand(line.app(), "export", "Write a bill of material and its items as import reads them",
+                        "velrzm export A-100 --attributes mass_g,colour > parts.csv",
+                        [&line, exportOptions] { exportPartsList(*exportOptions, line.settings()); });
+    exported.add_option("item", exportOptions->request.item, "Item as it is stored")->required();
+    exported.add_option("--ec", exportOptions->request.change, "Lines of this change only");
+    exported
+        .add_option("--attributes", exportOptions->attributes,
+                    "Item attributes to write as further columns, which import --attributes reads")
+        ->type_name("NAME,...")
+        ->delimiter(',')
+        ->expected(1)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
 }
 
 } // namespace tools

@@ -25,15 +25,6 @@ std::string upperCase(std::string text)
     return text;
 }
 
-/** A column's name as the name of an attribute. */
-std::string attributeName(std::string column)
-{
-    std::transform(column.begin(), column.end(), column.begin(), [](unsigned char unit) {
-        return std::isalnum(unit) != 0 ? static_cast<char>(std::tolower(unit)) : '_';
-    });
-    return column;
-}
-
 std::optional<int> wholeNumber(const std::string& text)
 {
     constexpr std::size_t maxDigits = 6;
@@ -158,7 +149,7 @@ private:
             const bool isOurs = std::any_of(places_.begin(), places_.end(),
                                             [column](const auto& known) { return known.second == column; });
             if (!isOurs && !row.fields[column].empty()) {
-                item.attributeNames.push_back(attributeName(header_.fields[column]));
+                item.attributeNames.push_back(attributeOfColumn(header_.fields[column]));
                 item.attributeValues.push_back(row.fields[column]);
             }
         }
@@ -262,6 +253,15 @@ const std::vector<std::string>& partsListColumns()
     static const std::vector<std::string> columns = {"level", "parent",    "item_number",
                                                      "name",  "item_type", "quantity"};
     return columns;
+}
+
+std::string attributeOfColumn(std::string column)
+{
+    std::transform(column.begin(), column.end(), column.begin(), [](unsigned char unit) {
+        const bool isKept = std::isalnum(unit) != 0 || unit == '@'; // as in "master_item@control"
+        return isKept ? static_cast<char>(std::tolower(unit)) : '_';
+    });
+    return column;
 }
 
 PartsList readPartsList(const std::vector<CsvRow>& file, const PartsListRules& rules)

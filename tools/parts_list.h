@@ -44,6 +44,9 @@ struct PartsList {
 /** The names that we have for columns. */
 const std::vector<std::string>& partsListColumns();
 
+/** The attribute that a column with another name is kept in. */
+std::string attributeOfColumn(std::string column);
+
 /** Reads rows, of which the first names the columns. Throws WrongUsage when the rules do not fit the columns.
  */
 PartsList readPartsList(const std::vector<CsvRow>& file, const PartsListRules& rules);

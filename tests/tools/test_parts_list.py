@@ -1,5 +1,7 @@
 # SPDX-License-Identifier: Apache-2.0
 """Parts lists: import, export, and batches of commands."""
+import csv
+import io
 import unittest
 
 from command import CommandTest
@@ -64,6 +66,29 @@ class PartsList(CommandTest):
         self.import_file(exported)
         self.assertEqual(self.tree("M"), tree)
         self.assertEqual(self.done("export", "M"), exported)
+
+    def test_export_takes_item_attributes_along(self):
+        self.import_file("level,item_number,name,item_type,quantity,mass_g,Remark\n"
+                         "0,TOP,the top,ASSEMBLY,1,,\"says \"\"hi\"\", x=y\"\n"
+                         "1,A,,,2,120,\"two\nlines\"\n"
+                         "2,B,\"Bügel, groß\",PART,3,7,\n"
+                         "1,B,\"Bügel, groß\",PART,1,7,\n", "--attributes")
+        exported = self.done("export", "TOP", "--attributes", "mass_g,remark,master_item@control")
+        rows = {row["item_number"]: row for row in csv.DictReader(io.StringIO(exported))}
+        self.assertEqual(rows["TOP"]["remark"], "says \"hi\", x=y")
+        self.assertEqual([rows["B"][name] for name in ("item_type", "mass_g", "remark", "master_item@control")],
+                         ["PART", "7", "", "1"])
+        for form in ((), ("--attributes", "mass_g,remark,master_item@control")):
+            exported = self.done("export", "TOP", *form)
+            self.new_store(f"second-{len(form)}.db")
+            self.import_file(exported, *form[:1])
+            self.assertEqual(self.done("export", "TOP", *form), exported)
+            for item in ("TOP", "A", "B") if form else ():
+                self.assertEqual(self.json("item", "open", item, "--ec", "EC-1", "--select", "name,item_type,mass_g,remark"),
+                                 {name: rows[item][name] for name in ("name", "item_type", "mass_g", "remark")})
+            self.environment["QV_STORE"] = "sqlite:store.db"
+        for attributes in ("name", "mass_g,mass_g", "Mass"):  # columns that import would take for something else
+            self.wrong("export", "TOP", "--attributes", attributes)
 
     def test_repeated_assembly_is_stored_once(self):
         self.import_file("level,item_number\n0,A\n1,B\n2,C\n2,D\n1,E\n2,B\n3,C\n3,D\n")
