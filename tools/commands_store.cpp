@@ -7,7 +7,9 @@
 
 #include "tools/command_line.h"
 #include "tools/failures.h"
+#include "tools/interruption.h"
 #include "tools/password.h"
+#include "tools/progress.h"
 #include "tools/standard_streams.h"
 
 namespace tools {
@@ -20,8 +22,43 @@ void initializeStore(const Settings& settings)
         throw WrongUsage("the store needs a first user; name one with --user");
     }
     const std::string location = qvlocal::currentStore();
+    qvlocal::requireNoStore(location); // before a password is typed in vain
     qvlocal::initializeStore(location, settings.user, newPassword(settings.user, settings.passwordFile));
     writeResult("Made the store " + location + " with the user " + settings.user + ".\n");
+}
+
+struct BackupOptions {
+    std::string file;
+    bool isForced = false;
+};
+
+void backUpStore(const BackupOptions& options)
+{
+    constexpr std::uintmax_t kilobyte = 1024;
+    const std::string location = qvlocal::currentStore();
+    std::uintmax_t size = 0;
+    {
+        Progress progress("KB");
+        qvlocal::backUpStore(location, options.file,
+                             options.isForced ? qvlocal::Replace::Yes : qvlocal::Replace::No,
+                             [&](std::uintmax_t done, std::uintmax_t total) {
+                                 checkInterruption();
+                                 size = total / kilobyte;
+                                 progress.show(done / kilobyte, size);
+                             });
+    }
+    writeResult("Copied the store " + location + " to " + options.file + ", " + std::to_string(size) +
+                " KB.\n");
+}
+
+void addBackup(CommandLine& line)
+{
+    const auto options = std::make_shared<BackupOptions>();
+    CLI::App& backup = line.addCommand(line.app(), "backup",
+                                       "Copy the store into a file, while others go on working with it",
+                                       "velrzm backup parts-monday.db", [options] { backUpStore(*options); });
+    backup.add_option("file", options->file, "File to make; it is a store itself")->required();
+    backup.add_flag("--force", options->isForced, "Replace a file that is already there");
 }
 
 /** What the commands of users do with a store and a user. */
@@ -98,6 +135,7 @@ void addStoreCommands(CommandLine& line)
     line.addCommand(line.app(), "init", "Make a store of the local server and its first user",
                     "velrzm init --store parts.db --user jdoe",
                     [&line] { initializeStore(line.settings()); });
+    addBackup(line);
     addUserCommands(line);
     addLoadCommands(line);
 }

@@ -4,12 +4,15 @@
 #ifndef VELRZM_TOOLS_LOG_PLACES_H
 #define VELRZM_TOOLS_LOG_PLACES_H
 
+#include <filesystem>
+#include <vector>
+
 namespace tools {
 
 /** Error log and last-error file go where the environment says, otherwise into the user's state directory: in
  * the working directory, the library's own default, they would replace those of the program that is looked
- * into. */
-void keepLogsOutOfTheWay();
+ * into. Returns the directories that were made for them, each before those in it. */
+std::vector<std::filesystem::path> keepLogsOutOfTheWay();
 
 } // namespace tools
 

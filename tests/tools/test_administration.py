@@ -104,15 +104,44 @@ class Administration(CommandTest):
         self.assertIn("ItemCreate, ItemSave", problems["1"])
         self.assertNotIn("ItemSave", problems["2"])
 
-    def test_doctor(self):
-        self.environment["QVL_LOG_FILE"] = "access.log"
-        states = {row["subject"]: row["state"] for row in self.csv("doctor")}
-        self.assertIn("users: 1", states["store"])
-        self.assertEqual((states["access log"], states["local defaults"]), ("can be written", "is not there"))
-        self.environment.update(QVL_LOG_FILE="/proc/nowhere/access.log", QV_STORE="sqlite:missing.db")
-        run = self.run_command("doctor", "--format", "csv")
+    def everything(self):
+        """All that there is to see of the directory, but for the files that an open store has beside it."""
+        return {str(path): path.read_text() if path.is_file() and path.suffix != ".db" else ""
+                for path in self.directory.rglob("*") if not path.name.startswith("store.db-")}
+
+    def test_doctor_counts_and_leaves_nothing_behind(self):
+        self.done("ec", "create", "EC-1", "--trace", "-1")
+        for path in (self.directory / ".local/state/velrzm").iterdir():
+            path.unlink()
+        for path in (".local/state/velrzm", ".local/state", ".local"):
+            (self.directory / path).rmdir()
+        self.environment["QVL_LOG_FILE"] = self.file("access.log", "written before\n")
+        self.file("QVL_RZM_DEFAULT", "")
+        before = self.everything()
+        rows = self.csv("doctor")
+        self.assertEqual(self.everything(), before)
+        states = {row["subject"]: row["state"] for row in rows}
+        self.assertRegex(states["store"], r"format 1, [1-9]\d* KB, users: 1")
+        self.assertEqual(int(states["objects"]), 0)
+        self.assertIn(("objects", "EngineeringChange", "1"), [tuple(row.values()) for row in rows])
+        for log, name in (("access log", "access.log"), ("error log", "QVL_LOG_ERROR"), ("last-error file", "QVL_LAST_ERROR")):
+            row, = (row for row in rows if row["subject"] == log)
+            self.assertEqual((row["state"], row["place"].rpartition("/")[2]), ("can be written", name))
+        self.assertIn("is read", states["shared defaults"])
+        self.assertEqual(states["local defaults"], "is not there")
+
+    def test_doctor_tells_what_is_wrong(self):
+        for name in ("My_QVL_RZM_DEFAULT", "folder"):
+            (self.directory / name).mkdir()
+        self.environment.update(QVL_LOG_FILE="/proc/nowhere/access.log", QVL_LOG_ERROR="folder",
+                                QVL_LAST_ERROR="missing/last", QV_STORE="sqlite:missing.db",
+                                RZM_DEFAULT_DIRECTORY="missing")
+        before = self.everything()
+        run = self.run_command("doctor", "--format", "json")
         self.assertEqual(run.returncode, REFUSED)
-        self.assertEqual(run.stdout.count("PROBLEM"), 2)
+        wrong = [row["subject"] for row in json.loads(run.stdout) if row["state"].startswith("PROBLEM")]
+        self.assertEqual(wrong, ["store", "access log", "error log", "last-error file", "shared defaults", "local defaults"])
+        self.assertEqual(self.everything(), before)
 
 
 if __name__ == "__main__":
