@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <limits>
 #include <optional>
@@ -274,9 +275,9 @@ private:
     std::unique_ptr<Lookup> lookup_;
     std::string_view top_;
     ExplosionRows& rows_;
-    std::vector<Line> lines_; // of each known part together, in their order
+    std::deque<Line> lines_; // of each known part together, in their order
     TextIndex partOfItem_;
-    std::vector<Part> parts_; // the first is the top
+    std::deque<Part> parts_; // the first is the top
     std::vector<Step> path_;
     std::vector<SortedLine> sorted_; // of the item that was read last
 };
@@ -338,7 +339,6 @@ std::shared_ptr<const RowSet> ExplosionReport::generate(Store& store) const
     }
     Walk(store, std::move(lines), top, *rows).run(levelLimit(valueOf(parameters_, maxLevelParameter)));
     transaction.commit();
-    rows->finish();
     return rows;
 }
 

@@ -18,12 +18,6 @@ void ExplosionRows::append(std::uint32_t line, std::size_t level)
     occurrences_.push_back({line, static_cast<std::uint32_t>(level)});
 }
 
-void ExplosionRows::finish()
-{
-    lines_.finish();
-    occurrences_.shrink_to_fit();
-}
-
 std::optional<std::size_t> ExplosionRows::column(std::string_view path) const
 {
     const auto found = std::find_if(columns_.begin(), columns_.end(),

@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -29,8 +30,6 @@ public:
     /** The values of the lines. */
     Rows& lines() noexcept { return lines_; }
     void append(std::uint32_t line, std::size_t level);
-    /** Gives back what memory was taken ahead; no row may follow. */
-    void finish();
 
     std::size_t size() const noexcept override { return occurrences_.size(); }
     std::optional<std::size_t> column(std::string_view path) const override;
@@ -50,7 +49,7 @@ private:
 
     Rows lines_;
     std::vector<Column> columns_;
-    std::vector<Occurrence> occurrences_;
+    std::deque<Occurrence> occurrences_;
     std::vector<std::string> levels_; // as texts
 };
 

@@ -4,8 +4,9 @@
 #ifndef VELRZM_PLATFORM_SERVER_ROWS_H
 #define VELRZM_PLATFORM_SERVER_ROWS_H
 
+#include <algorithm>
 #include <cstddef>
-#include <cstdint>
+#include <deque>
 #include <map>
 #include <optional>
 #include <string>
@@ -30,7 +31,35 @@ public:
     virtual const char* value(std::size_t row, std::size_t column) const noexcept = 0;
 };
 
-/** Rows with all texts in one buffer, eight bytes for the place of each. */
+/** Texts one behind the other in blocks of memory, which are never moved, however many follow. */
+class Texts {
+public:
+    /** A copy of the text, ended by a NUL; valid as long as the texts. */
+    const char* add(std::string_view text)
+    {
+        if (blocks_.empty() || blocks_.back().capacity() - blocks_.back().size() <= text.size()) {
+            addBlock(text.size() + 1);
+        }
+        std::string& block = blocks_.back();
+        const std::size_t place = block.size();
+        block.append(text).push_back('\0');
+        return block.data() + place;
+    }
+
+private:
+    /** The first block is small, since most lists are. */
+    void addBlock(std::size_t atLeast)
+    {
+        constexpr std::size_t smallest = 1024;
+        constexpr std::size_t doublings = 6;
+        const std::size_t size = smallest << std::min(blocks_.size(), doublings);
+        blocks_.emplace_back().reserve(std::max(size, atLeast));
+    }
+
+    std::deque<std::string> blocks_;
+};
+
+/** Rows of texts. Nothing is copied while they grow, and little memory is taken ahead. */
 class Rows final : public RowSet {
 public:
     explicit Rows(const std::vector<std::string>& columns) : width_(columns.size())
@@ -42,17 +71,7 @@ public:
 
     /** Begins a row; its values follow with `append`, one for each column. */
     void beginRow() { ++size_; }
-    void append(std::string_view value)
-    {
-        places_.push_back(texts_.size());
-        texts_.append(value).push_back('\0');
-    }
-    /** Gives back what memory was taken ahead; no row may follow. */
-    void finish()
-    {
-        places_.shrink_to_fit();
-        texts_.shrink_to_fit();
-    }
+    void append(std::string_view value) { values_.push_back(texts_.add(value)); }
 
     std::size_t size() const noexcept override { return size_; }
     bool empty() const noexcept { return size_ == 0; }
@@ -65,15 +84,15 @@ public:
     }
     const char* value(std::size_t row, std::size_t column) const noexcept override
     {
-        return texts_.data() + places_[row * width_ + column];
+        return values_[row * width_ + column];
     }
 
 private:
     std::map<std::string, std::size_t, std::less<>> columns_;
     std::size_t width_;
     std::size_t size_ = 0;
-    std::vector<std::uint64_t> places_;
-    std::string texts_;
+    std::deque<const char*> values_; // of all rows, one behind the other
+    Texts texts_;
 };
 
 } // namespace qvserver

@@ -292,7 +292,6 @@ std::shared_ptr<const Rows> SqliteStore::select(const Query& query)
     while (found->step()) {
         appendRow(*found, *rows);
     }
-    rows->finish();
     return rows;
 }
 
