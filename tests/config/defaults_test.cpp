@@ -3,9 +3,8 @@
 
 #include "tests/harness/library_test.h"
 
-using harness::atLevel;
-using harness::lines;
 using harness::Outcome;
+using harness::story;
 using harness::writeFile;
 
 namespace {
@@ -40,21 +39,16 @@ protected:
 
 TEST_F(Defaults, WithoutAFileThereAreNone)
 {
-    atEachLevel([](int level) {
-        VELListValVELUnicodeString names;
-        VELListValVELUnicodeString values;
-        names.Append("left");
-        names.Append("over");
-        values.Append("before");
-        const Outcome outcome = record([&] { return DefaultRead("ItemCreate", names, values); });
-        EXPECT_EQ(outcome.result, 0);
-        EXPECT_EQ(names.Size(), 0);
-        EXPECT_EQ(values.Size(), 0);
-        EXPECT_EQ(outcome.output, atLevel(level, R"(
+    atEachLevel([] {
+        VELListValVELUnicodeString names = harness::textList({"left", "over"});
+        VELListValVELUnicodeString values = harness::textList({"before"});
+        EXPECT_EQ(record([&] { return DefaultRead("ItemCreate", names, values); }).story, story(R"(
 2 DefaultRead-----Start------------------------------.
 2 DefaultRead-----Exit----NbOfDefault=0--------.
+= 0 FromList= entries=0 LastRecNo=0 QV_RC=0 SelectedAttribute=[]
 )"));
-        EXPECT_EQ(outcome.accessLog + outcome.calls, "");
+        EXPECT_EQ(names.Size(), 0);
+        EXPECT_EQ(values.Size(), 0);
     });
 }
 
@@ -66,22 +60,27 @@ TEST_F(Defaults, BothFilesAreReadAndTracedByLevel)
         connect(level);
         writeFile(sharedFile, "ItemCreate item_type P\nItemCreate unit EA\n");
         writeFile(localFile, "ItemCreate unit KG\nItemCreate make_buy M\n");
-        const Outcome outcome = read();
-        EXPECT_EQ(outcome.output, atLevel(level, R"(
+        EXPECT_EQ(read().story, story(level < 3 ? R"(
 2 DefaultRead-----Start------------------------------.
 2 DefaultRead- Reading defaults from ./QVL_RZM_DEFAULT.
 2 DefaultRead- Reading defaults from ./My_QVL_RZM_DEFAULT.
-5 DefaultRead- item_type=P.
-5 DefaultRead- unit=KG.
-5 DefaultRead- make_buy=M.
 2 DefaultRead-----Exit----NbOfDefault=3--------.
-)"));
-        EXPECT_EQ(outcome.accessLog, level < 3 ? "" : lines(R"(
-DefaultRead - Reading defaults from  ./QVL_RZM_DEFAULT
-DefaultRead - Reading defaults from  ./My_QVL_RZM_DEFAULT
-DefaultRead -  item_type <=> P
-DefaultRead -  unit <=> KG
-DefaultRead -  make_buy <=> M
+= 0 FromList= entries=0 LastRecNo=0 QV_RC=0 SelectedAttribute=[]
+)"
+                                                : R"(
+2 DefaultRead-----Start------------------------------.
+2 DefaultRead- Reading defaults from ./QVL_RZM_DEFAULT.
+log DefaultRead - Reading defaults from  ./QVL_RZM_DEFAULT
+2 DefaultRead- Reading defaults from ./My_QVL_RZM_DEFAULT.
+log DefaultRead - Reading defaults from  ./My_QVL_RZM_DEFAULT
+5 DefaultRead- item_type=P.
+log DefaultRead -  item_type <=> P
+5 DefaultRead- unit=KG.
+log DefaultRead -  unit <=> KG
+5 DefaultRead- make_buy=M.
+log DefaultRead -  make_buy <=> M
+2 DefaultRead-----Exit----NbOfDefault=3--------.
+= 0 FromList= entries=0 LastRecNo=0 QV_RC=0 SelectedAttribute=[]
 )"));
     }
 }
@@ -197,7 +196,8 @@ TEST_F(Defaults, ADirectoryThatIsTooLongIsSkippedWithAWarning)
         return directory;
     };
     const std::size_t longest = 255 - std::string("/QVL_RZM_DEFAULT").size();
-    atEachLevel([&](int level) {
+    atEachLevel([&] {
+        const int level = QVL_Traces_Level;
         writeFile(sharedFile, "ItemCreate a shared\n");
         writeFile(localFile, "ItemCreate b local\n");
         setEnvironment("RZM_DEFAULT_DIRECTORY", directoryOf(longest));

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/harness/library_test.h"
 
-using harness::atLevel;
 using harness::countLines;
 using harness::errorBlock;
-using harness::lines;
 using harness::Outcome;
+using harness::story;
 using harness::textList;
 using harness::writeFile;
 
@@ -49,120 +48,88 @@ TEST_F(TranslationTables, AreReadByTheSitesName)
         connect(level);
         makeTable();
         writeFile("QVL_RZM_DEFAULT", "XlatRead unit UNIT_TAB\nXlatRead colour COLOUR_TAB\n");
-        entries = 7;
-        const Outcome outcome = read(XlatRead, "colour");
-        EXPECT_EQ(outcome.result, 3);
-        EXPECT_EQ(pairs(), "1=red;2=;3=blue;");
-        EXPECT_EQ(entries, 7) << "the current result stays";
-        EXPECT_STREQ(FromList, "");
-        EXPECT_EQ(outcome.calls, lines(R"(
-QV_SizeOf_Xlat("COLOUR_TAB", 3) = 0
-QV_Read_Xlat("COLOUR_TAB", 0) = 0
-QV_Read_Xlat("COLOUR_TAB", 1) = 0
-QV_Read_Xlat("COLOUR_TAB", 2) = 0
-)"));
-        EXPECT_EQ(outcome.output, atLevel(level, R"(
-2 XlatRead-----Start---- What=colour.
-2 XlatRead- Calling DefaultRead for XlatRead.
+        entries = 7; // the current result stays
+        EXPECT_EQ(read(XlatRead, "colour").story, story(R"(
+XlatRead:
+2 @-----Start---- What=colour.
+2 @- Calling DefaultRead for @.
 2 DefaultRead-----Start------------------------------.
-2 DefaultRead- Reading defaults from ./QVL_RZM_DEFAULT.
-5 DefaultRead- unit=UNIT_TAB.
-5 DefaultRead- colour=COLOUR_TAB.
-2 DefaultRead-----Exit----NbOfDefault=2--------.
-2 XlatRead- rc(DefaultRead)=2.
-5 XlatRead- unit=UNIT_TAB.
-5 XlatRead- colour=COLOUR_TAB.
-5 XlatRead-     XlatName=COLOUR_TAB.
-5 XlatRead QV_SizeOf_Xlat COLOUR_TAB : QV_RC=0.
-5 XlatRead- XlatSize=3-.
-5 XlatRead QV_ReadXlat COLOUR_TAB : QV_RC=0.
-9 XlatRead- 0-1<=>red<.
-5 XlatRead QV_ReadXlat COLOUR_TAB : QV_RC=0.
-9 XlatRead- 1-2<=><.
-5 XlatRead QV_ReadXlat COLOUR_TAB : QV_RC=0.
-9 XlatRead- 2-3<=>blue<.
-5 XlatRead- 1=red.
-5 XlatRead- 2=.
-5 XlatRead- 3=blue.
-2 XlatRead-----Exit------------XlatSize=3--------------------.
+2 @- rc(DefaultRead)=2.
+5 @- unit=UNIT_TAB.
+5 @- colour=COLOUR_TAB.
+5 @-     XlatName=COLOUR_TAB.
+log @ colour COLOUR_TAB
+> QV_SizeOf_Xlat("COLOUR_TAB", 3) = 0
+5 @- XlatSize=3-.
+> QV_Read_Xlat("COLOUR_TAB", 0) = 0 as QV_ReadXlat
+9 @- 0-1<=>red<.
+> QV_Read_Xlat("COLOUR_TAB", 1) = 0 as QV_ReadXlat
+9 @- 1-2<=><.
+> QV_Read_Xlat("COLOUR_TAB", 2) = 0 as QV_ReadXlat
+9 @- 2-3<=>blue<.
+5 @- 1=red.
+log @ 1 <=> red
+5 @- 2=.
+log @ 2 <=> 
+5 @- 3=blue.
+log @ 3 <=> blue
+2 @-----Exit------------XlatSize=3--------------------.
+= 3 FromList= entries=7 LastRecNo=0 QV_RC=0 SelectedAttribute=[]
 )"));
-        const std::size_t own = outcome.accessLog.find("XlatRead colour");
-        EXPECT_EQ(own == 0, level < 3);
-        EXPECT_EQ(outcome.accessLog.substr(own), lines(R"(
-XlatRead colour COLOUR_TAB
-XlatRead- rc(QV_SizeOf_Xlat::COLOUR_TAB) = 0
-XlatRead- rc(QV_ReadXlat::COLOUR_TAB) = 0
-XlatRead- rc(QV_ReadXlat::COLOUR_TAB) = 0
-XlatRead- rc(QV_ReadXlat::COLOUR_TAB) = 0
-XlatRead 1 <=> red
-XlatRead 2 <=> 
-XlatRead 3 <=> blue
-)"));
+        EXPECT_EQ(pairs(), "1=red;2=;3=blue;");
     }
 }
 
 TEST_F(TranslationTables, AreReadByTheServersName)
 {
-    atEachLevel([this](int level) {
+    atEachLevel([this] {
         makeTable();
         writeFile("QVL_RZM_DEFAULT", "XlatRead COLOUR_TAB no\nXlatRead2 COLOUR_TAB no\n");
-        const Outcome outcome = read(XlatRead2, "COLOUR_TAB");
-        EXPECT_EQ(outcome.result, 3);
+        EXPECT_EQ(read(XlatRead2, "COLOUR_TAB").story, story(R"(
+XlatRead2:
+2 @-----Start---- XlatName=COLOUR_TAB.
+log @ COLOUR_TAB
+> QV_SizeOf_Xlat("COLOUR_TAB", 3) = 0
+5 @- XlatSize=3-.
+> QV_Read_Xlat("COLOUR_TAB", 0) = 0 as QV_ReadXlat
+9 @- 0-1<=>red<.
+> QV_Read_Xlat("COLOUR_TAB", 1) = 0 as QV_ReadXlat
+9 @- 1-2<=><.
+> QV_Read_Xlat("COLOUR_TAB", 2) = 0 as QV_ReadXlat
+9 @- 2-3<=>blue<.
+5 @- 1=red.
+log @ 1 <=> red
+5 @- 2=.
+log @ 2 <=> 
+5 @- 3=blue.
+log @ 3 <=> blue
+2 @-----Exit------------XlatSize=3--------------------.
+= 3 FromList= entries=0 LastRecNo=0 QV_RC=0 SelectedAttribute=[]
+)"));
         EXPECT_EQ(pairs(), "1=red;2=;3=blue;");
-        EXPECT_EQ(outcome.output, atLevel(level, R"(
-2 XlatRead2-----Start---- XlatName=COLOUR_TAB.
-5 XlatRead2 QV_SizeOf_Xlat COLOUR_TAB : QV_RC=0.
-5 XlatRead2- XlatSize=3-.
-5 XlatRead2 QV_ReadXlat COLOUR_TAB : QV_RC=0.
-9 XlatRead2- 0-1<=>red<.
-5 XlatRead2 QV_ReadXlat COLOUR_TAB : QV_RC=0.
-9 XlatRead2- 1-2<=><.
-5 XlatRead2 QV_ReadXlat COLOUR_TAB : QV_RC=0.
-9 XlatRead2- 2-3<=>blue<.
-5 XlatRead2- 1=red.
-5 XlatRead2- 2=.
-5 XlatRead2- 3=blue.
-2 XlatRead2-----Exit------------XlatSize=3--------------------.
-)"));
-        EXPECT_EQ(outcome.accessLog, lines(R"(
-XlatRead2 COLOUR_TAB
-XlatRead2- rc(QV_SizeOf_Xlat::COLOUR_TAB) = 0
-XlatRead2- rc(QV_ReadXlat::COLOUR_TAB) = 0
-XlatRead2- rc(QV_ReadXlat::COLOUR_TAB) = 0
-XlatRead2- rc(QV_ReadXlat::COLOUR_TAB) = 0
-XlatRead2 1 <=> red
-XlatRead2 2 <=> 
-XlatRead2 3 <=> blue
-)"));
     });
 }
 
 TEST_F(TranslationTables, ANameWithoutATableIsToldAndIsNoError)
 {
-    atEachLevel([this](int level) {
+    atEachLevel([this] {
         makeTable();
         writeFile("QVL_RZM_DEFAULT", "XlatRead Colour COLOUR_TAB\n");
         QV_RC = -5;
-        const Outcome outcome = read(XlatRead, "colour");
-        EXPECT_EQ(outcome.result, 0);
-        EXPECT_EQ(pairs(), "");
-        EXPECT_EQ(QV_RC, 0);
-        EXPECT_EQ(outcome.calls + outcome.errorLog, "");
-        EXPECT_EQ(outcome.output, atLevel(level, R"(
-2 XlatRead-----Start---- What=colour.
-2 XlatRead- Calling DefaultRead for XlatRead.
+        EXPECT_EQ(read(XlatRead, "colour").story, story(R"(
+XlatRead:
+2 @-----Start---- What=colour.
+2 @- Calling DefaultRead for @.
 2 DefaultRead-----Start------------------------------.
-2 DefaultRead- Reading defaults from ./QVL_RZM_DEFAULT.
-5 DefaultRead- Colour=COLOUR_TAB.
-2 DefaultRead-----Exit----NbOfDefault=1--------.
-2 XlatRead- rc(DefaultRead)=1.
-5 XlatRead- Colour=COLOUR_TAB.
-0 XlatRead-     What=colour.
-0 XlatRead-     XlatName=UNDEFINED.
-2 XlatRead-----Exit------------XlatSize=0--------------------.
+2 @- rc(DefaultRead)=1.
+5 @- Colour=COLOUR_TAB.
+0 @-     What=colour.
+0 @-     XlatName=UNDEFINED.
+log @ colour UNDEFINED
+2 @-----Exit------------XlatSize=0--------------------.
+= 0 FromList= entries=0 LastRecNo=0 QV_RC=0 SelectedAttribute=[]
 )"));
-        EXPECT_EQ(countLines(outcome.accessLog, "XlatRead colour UNDEFINED"), 1);
-        EXPECT_EQ(countLines(outcome.accessLog, "XlatRead"), 1);
+        EXPECT_EQ(pairs(), "");
     });
 }
 

@@ -3,12 +3,12 @@
 
 #include "tests/harness/library_test.h"
 
-using harness::atLevel;
 using harness::captureOutput;
 using harness::errorBlock;
 using harness::lines;
 using harness::Outcome;
 using harness::readFile;
+using harness::story;
 
 namespace {
 
@@ -51,31 +51,33 @@ TEST_F(Connection, TheFirstConnectOpensLogsEnvironmentAndSession)
         SCOPED_TRACE("at trace level " + std::to_string(level));
         restart();
         const Outcome outcome = firstConnect(level);
-        EXPECT_EQ(outcome.result, 1);
         expectState(1, 1);
-        EXPECT_EQ(outcome.output, atLevel(level, R"(
+        EXPECT_EQ(outcome.story, story(R"(
 * LogFile=access.log
 * Opening LogFile access.log
+log RZM 424.1 / QV 340
+log *********************************************************************
+log *****      VELRZM : VELOR/HXD - Quorvanemaster Integration      *****
+log *****         (logging all SDK access to Quorvanemastr)         *****
+log *********************************************************************
 * Opening Error LogFile ./QVL_LOG_ERROR
+err RZM 424.1 / QV 340
+err *********************************************************************
+err *****      VELRZM : VELOR/HXD - Quorvanemaster Integration      *****
+err *****     (logging all SDK errors returned by Quorvanemastr)    *****
+err *********************************************************************
 0 RZM 424.1 / QV 340.
-0 QvConnect --- Connecting to Quorvanemaster: trying .....
-5 QvConnect QV_Open_Env  : QV_RC=0.
-0 QvConnect --- Loging as user jdoe: trying .....
-5 QvConnect QV_Logon  : QV_RC=0.
-1 QvConnect --- ************************************.
-1 QvConnect --- *** QvConnect- RC(QV_Logon)=0.
-1 QvConnect --- ************************************.
-0 QvConnect --- ... done!.
+QvConnect:
+0 @ --- Connecting to Quorvanemaster: trying .....
+> QV_Open_Env() = 0
+0 @ --- Loging as user jdoe: trying .....
+> QV_Logon("jdoe", "secret", "", "") = 0 as QV_Logon "" ""
+1 @ --- ************************************.
+1 @ --- *** @- RC(QV_Logon)=0.
+1 @ --- ************************************.
+0 @ --- ... done!.
+= 1 FromList= entries=0 LastRecNo=0 QV_RC=0 SelectedAttribute=[]
 )"));
-        EXPECT_EQ(outcome.calls, lines(R"(
-QV_Open_Env() = 0
-QV_Logon("jdoe", "secret", "", "") = 0
-)"));
-        EXPECT_EQ(outcome.accessLog, logHeader(accessBanner) + lines(R"(
-QvConnect- rc(QV_Open_Env) = 0
-QvConnect- rc(QV_Logon) = 0
-)"));
-        EXPECT_EQ(outcome.errorLog, logHeader(errorBanner));
         EXPECT_EQ(lastError(), version);
     }
 }
@@ -185,28 +187,17 @@ TEST_F(Connection, ASecondConnectOnlyResetsTheLastError)
 
 TEST_F(Connection, AnEnvironmentThatDoesNotOpenIsReportedAndTriedAgain)
 {
-    standin::answer("QV_Open_Env", -7, {{"E1", "No licence"}, {"E2", "Ask the administrator"}});
-    const Outcome outcome = firstConnect(5);
-    EXPECT_EQ(outcome.result, 0);
+    standin::answer("QV_Open_Env", -7, {{"E1", "No licence"}});
+    const Outcome refused = firstConnect(5);
+    EXPECT_EQ(refused.storyFrom("Connecting to"), story(R"(
+QvConnect:
+0 @ --- Connecting to Quorvanemaster: trying .....
+> QV_Open_Env() = -7
+! E1 - No licence
+= 0 FromList= entries=0 LastRecNo=0 QV_RC=-7 SelectedAttribute=[]
+)"));
     expectState(0, 0);
-    EXPECT_EQ(outcome.calls, "QV_Open_Env() = -7\n");
-    EXPECT_EQ(outcome.output, lines(R"(
-LogFile=access.log
-Opening LogFile access.log
-Opening Error LogFile ./QVL_LOG_ERROR
-RZM 424.1 / QV 340.
-QvConnect --- Connecting to Quorvanemaster: trying .....
-QvConnect QV_Open_Env  : QV_RC=-7.
-****** No licence Ask the administrator .
-)"));
-    EXPECT_EQ(outcome.accessLog, logHeader(accessBanner) + lines(R"(
-QvConnect- rc(QV_Open_Env) = -7
-E1 - No licence
-E2 - Ask the administrator
-)"));
-    EXPECT_EQ(outcome.errorLog,
-              logHeader(errorBanner) + errorBlock("QvConnect", "No licence Ask the administrator "));
-    EXPECT_EQ(lastError(), "No licence Ask the administrator \n");
+    EXPECT_EQ(lastError(), "No licence \n");
 
     standin::answer("QV_Open_Env", 0);
     const Outcome again = record(logOn);
@@ -226,21 +217,18 @@ TEST_F(Connection, ALogonThatIsRefusedIsReportedAndTriedAgainInTheOpenEnvironmen
         EXPECT_EQ(first.result, 0);
         expectState(1, 0);
         EXPECT_EQ(first.errorLog, logHeader(errorBanner) + errorBlock("QvConnect", "Unknown user "));
-
-        const Outcome second = record(logOn);
-        EXPECT_EQ(second.result, 0);
-        expectState(1, 0);
-        EXPECT_EQ(second.calls, "QV_Logon(\"jdoe\", \"secret\", \"\", \"\") = -7\n");
-        EXPECT_EQ(second.output, atLevel(level, R"(
-0 QvConnect --- Loging as user jdoe: trying .....
-5 QvConnect QV_Logon  : QV_RC=-7.
-0 ****** Unknown user .
-1 QvConnect --- ************************************.
-1 QvConnect --- *** QvConnect- RC(QV_Logon)=-7.
-1 QvConnect --- ************************************.
-0 QvConnect --- *** ERROR *** Unable to logon to Quorvanemaster.
+        EXPECT_EQ(record(logOn).story, story(R"(
+QvConnect:
+0 @ --- Loging as user jdoe: trying .....
+> QV_Logon("jdoe", "secret", "", "") = -7 as QV_Logon "" ""
+! E1 - Unknown user
+1 @ --- ************************************.
+1 @ --- *** @- RC(QV_Logon)=-7.
+1 @ --- ************************************.
+0 @ --- *** ERROR *** Unable to logon to Quorvanemaster.
+= 0 FromList= entries=0 LastRecNo=0 QV_RC=-7 SelectedAttribute=[]
 )"));
-        EXPECT_EQ(second.accessLog, "QvConnect- rc(QV_Logon) = -7\nE1 - Unknown user\n");
+        expectState(1, 0);
         EXPECT_EQ(lastError(), "Unknown user \n");
 
         standin::answer("QV_Logon", 0);
@@ -281,31 +269,20 @@ TEST_F(Connection, ExitWithoutAUserClosesTheEnvironment)
 
 TEST_F(Connection, ExitDestroysListAndReportLogsOffAndClosesEverything)
 {
-    atEachLevel([](int level) {
+    atEachLevel([] {
         ASSERT_EQ(QV_Create_Object(&QV_ObjPtr, "BomHeader"), 0);
         ASSERT_EQ(QV_Create_Report(&QV_RepPtr, "IndentedRetrievalStrmElm", "ExplosionRetrieval"), 0);
         ASSERT_EQ(QV_Generate_Report(QV_RepPtr, &QV_ListPtr), 0);
-        const Outcome outcome = exitLibrary();
-        EXPECT_EQ(outcome.result, 1);
-        EXPECT_EQ(outcome.calls, lines(R"(
-QV_Destroy_Report(report1) = 0
-QV_Destroy_List(list1) = 0
-QV_Logoff() = 0
-QV_Close_Env() = 0
-)"));
-        EXPECT_EQ(outcome.output, atLevel(level, R"(
-2 DestroyListOrReport-----Start-------.
-5 DestroyListOrReport QV_Destroy_Report  : QV_RC=0.
-5 DestroyListOrReport QV_Destroy_List  : QV_RC=0.
-2 DestroyListOrReport-----Exit--------.
-5 QvExit QV_Logoff  : QV_RC=0.
-5 QvExit QV_Close_Env  : QV_RC=0.
-)"));
-        EXPECT_EQ(outcome.accessLog, lines(R"(
-DestroyListOrReport- rc(QV_Destroy_Report) = 0
-DestroyListOrReport- rc(QV_Destroy_List) = 0
-QvExit- rc(QV_Logoff) = 0
-QvExit- rc(QV_Close_Env) = 0
+        EXPECT_EQ(exitLibrary().story, story(R"(
+DestroyListOrReport:
+2 @-----Start-------.
+> QV_Destroy_Report(report1) = 0
+> QV_Destroy_List(list1) = 0
+2 @-----Exit--------.
+QvExit:
+> QV_Logoff() = 0
+> QV_Close_Env() = 0
+= 1 FromList= entries=0 LastRecNo=0 QV_RC=0 SelectedAttribute=[]
 )"));
         expectState(0, 0);
         expectLogsClosed();
@@ -317,12 +294,12 @@ TEST_F(Connection, ALogoffThatFailsLeavesTheConnectionAndClosesTheLogs)
 {
     connect();
     standin::answer("QV_Logoff", -7, {{"E1", "Busy"}});
-    const Outcome outcome = exitLibrary();
-    EXPECT_EQ(outcome.result, 1);
-    EXPECT_EQ(outcome.calls, "QV_Logoff() = -7\n");
-    EXPECT_EQ(outcome.output, "****** Busy .\n");
-    EXPECT_EQ(outcome.accessLog, "QvExit- rc(QV_Logoff) = -7\nE1 - Busy\n");
-    EXPECT_EQ(outcome.errorLog, errorBlock("QvExit", "Busy "));
+    EXPECT_EQ(exitLibrary().story, story(R"(
+QvExit:
+> QV_Logoff() = -7
+! E1 - Busy
+= 1 FromList= entries=0 LastRecNo=0 QV_RC=-7 SelectedAttribute=[]
+)"));
     EXPECT_EQ(lastError(), "Busy \n");
     expectState(1, 1);
     expectLogsClosed();
@@ -332,10 +309,13 @@ TEST_F(Connection, AnEnvironmentThatDoesNotCloseStaysOpen)
 {
     connect();
     standin::answer("QV_Close_Env", -7, {{"E1", "Busy"}});
-    const Outcome outcome = exitLibrary();
-    EXPECT_EQ(outcome.result, 1);
-    EXPECT_EQ(outcome.calls, "QV_Logoff() = 0\nQV_Close_Env() = -7\n");
-    EXPECT_EQ(outcome.errorLog, errorBlock("QvExit", "Busy "));
+    EXPECT_EQ(exitLibrary().story, story(R"(
+QvExit:
+> QV_Logoff() = 0
+> QV_Close_Env() = -7
+! E1 - Busy
+= 1 FromList= entries=0 LastRecNo=0 QV_RC=-7 SelectedAttribute=[]
+)"));
     expectState(1, 0);
     expectLogsClosed();
 }

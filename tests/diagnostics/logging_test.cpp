@@ -9,7 +9,7 @@ class Logging : public harness::LibraryTest {};
 
 TEST_F(Logging, JoinsOneToSixTextsWithSingleBlanksAtEveryLevel)
 {
-    atEachLevel([](int /*level*/) {
+    atEachLevel([] {
         const auto outcome = record([] {
             QVL_Log(Text("a"));
             QVL_Log(Text("a"), Text("b"));

@@ -1,113 +1,65 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/harness/library_test.h"
 
-using harness::atLevel;
-using harness::errorBlock;
 using harness::Outcome;
+using harness::story;
 
 namespace {
 
-/** One of the three functions and what it writes and calls. */
+/** One of the three functions and what it calls. */
 struct Step {
-    const char* name;
+    std::string name;
     int (*function)();
-    const char* serverFunction;
-    const char* reportedFunction;
-    bool isStart;
-
-    /** The lines at level 2 and at level 5 of a use that answers `code`; without a call when there is none.
-     */
-    std::string trace(int level, std::optional<int> code) const
-    {
-        const std::string prefix = name;
-        std::string marked = "\n2 " + prefix + "-----Start-------------------------------------.\n";
-        if (code) {
-            marked += "5 " + prefix + ' ' + reportedFunction + "  : QV_RC=" + std::to_string(*code) + ".\n";
-        }
-        if (code && *code < 0) {
-            marked += "0 ****** Refused .\n";
-        }
-        return atLevel(level, marked + "2 " + prefix + "-----Exit--------------------------------------.\n");
-    }
-    std::string logLine(int code) const
-    {
-        return std::string(name) + "- rc(" + reportedFunction + ") = " + std::to_string(code) + '\n';
-    }
+    std::string serverFunction;
+    std::string report; // how the report names it when it does so in another way
 };
 
-constexpr Step steps[] = {
-    {"MultiSaveStart", MultiSaveStart, "QV_Start_Multisave", "QV_Start_MultiSave", true},
-    {"MultiSaveCommit", MultiSaveCommit, "QV_Commit_Multisave", "QV_Commit_Multisave", false},
-    {"MultiSaveDiscard", MultiSaveDiscard, "QV_Discard_Multisave", "QV_Discard_Multisave", false},
-};
+const Step start{"MultiSaveStart", MultiSaveStart, "QV_Start_Multisave", " as QV_Start_MultiSave"};
+const Step commit{"MultiSaveCommit", MultiSaveCommit, "QV_Commit_Multisave", ""};
+const Step discard{"MultiSaveDiscard", MultiSaveDiscard, "QV_Discard_Multisave", ""};
 
 class MultiSave : public harness::LibraryTest {
 protected:
-    /** Uses each step with a multi-save open, at each level, the server answering `code`. */
-    void eachStep(int code, const std::function<void(int level, const Step& step, const Outcome&)>& test)
+    /** Uses a step with a multi-save open and another result than its own. */
+    static Outcome use(const Step& step)
     {
-        for (const Step& step : steps) {
-            SCOPED_TRACE(step.name);
-            atEachLevel([&](int level) {
-                MultiSaveStarted = 1;
-                entries = 7;
-                standin::answer(step.serverFunction, code, {{"E1", "Refused"}});
-                test(level, step, record(step.function));
-            });
-        }
+        MultiSaveStarted = 1;
+        entries = 7;
+        QV_RC = -5;
+        return record(step.function);
+    }
+    /** The story of a step, its lines about the call, and what it leaves. */
+    static std::string storyOf(const Step& step, const std::string& call, int result, int code)
+    {
+        return story('\n' + step.name + ":\n2 @-----Start-------------------------------------.\n" + call +
+                     "2 @-----Exit--------------------------------------.\n= " + std::to_string(result) +
+                     " FromList= entries=" + std::to_string(result) +
+                     " LastRecNo=0 QV_RC=" + std::to_string(code) + " SelectedAttribute=[]\n");
     }
 };
 
-TEST_F(MultiSave, StepsThatTheServerAcceptsGiveOne)
+TEST_F(MultiSave, EachStepIsOneCall)
 {
-    for (const int code : {0, 3}) {
-        eachStep(code, [code](int level, const Step& step, const Outcome& outcome) {
-            EXPECT_EQ(outcome.result, 1);
-            EXPECT_EQ(entries, 1);
-            EXPECT_EQ(QV_RC, code);
-            EXPECT_EQ(MultiSaveStarted, step.isStart ? 1 : 0);
-            EXPECT_EQ(outcome.calls,
-                      std::string(step.serverFunction) + "() = " + std::to_string(code) + '\n');
-            EXPECT_EQ(outcome.output, step.trace(level, code));
-            EXPECT_EQ(outcome.accessLog, step.logLine(code));
-            EXPECT_EQ(outcome.errorLog, "");
-        });
-    }
-}
-
-TEST_F(MultiSave, StepsThatTheServerRefusesGiveZeroAndLeaveNoneOpen)
-{
-    eachStep(-7, [](int level, const Step& step, const Outcome& outcome) {
-        EXPECT_EQ(outcome.result, 0);
-        EXPECT_EQ(entries, 0);
-        EXPECT_EQ(QV_RC, -7);
-        EXPECT_EQ(MultiSaveStarted, 0);
-        EXPECT_EQ(outcome.output, step.trace(level, -7));
-        EXPECT_EQ(outcome.accessLog, step.logLine(-7) + "E1 - Refused\n");
-        EXPECT_EQ(outcome.errorLog, errorBlock(step.name, "Refused "));
-        EXPECT_EQ(lastError(), "Refused \n");
-
-        // Neither end has anything to end now.
-        for (const auto end : {MultiSaveCommit, MultiSaveDiscard}) {
-            const Outcome next = record(end);
-            EXPECT_EQ(next.result, 1);
-            EXPECT_EQ(entries, 1);
-            EXPECT_EQ(next.calls + next.accessLog, "");
+    for (const Step& step : {start, commit, discard}) {
+        for (const int code : {0, 3, -7}) {
+            SCOPED_TRACE(step.name + " answered by " + std::to_string(code));
+            atEachLevel([&] {
+                standin::answer(step.serverFunction, code, {{"E1", "Refused"}});
+                const std::string call = "> " + step.serverFunction + "() = " + std::to_string(code) +
+                                         step.report + '\n' + (code < 0 ? "! E1 - Refused\n" : "");
+                EXPECT_EQ(use(step).story, storyOf(step, call, code < 0 ? 0 : 1, code));
+                EXPECT_EQ(MultiSaveStarted, step.function == MultiSaveStart && code >= 0 ? 1 : 0);
+            });
         }
-    });
+    }
 }
 
 TEST_F(MultiSave, AnEndWithoutAStartCallsNothing)
 {
-    for (const Step& step : {steps[1], steps[2]}) {
-        atEachLevel([&](int level) {
+    for (const Step& step : {commit, discard}) {
+        atEachLevel([&] {
             QV_RC = -5;
-            const Outcome outcome = record(step.function);
-            EXPECT_EQ(outcome.result, 1);
-            EXPECT_EQ(entries, 1);
-            EXPECT_EQ(QV_RC, -5);
-            EXPECT_EQ(outcome.calls + outcome.accessLog, "");
-            EXPECT_EQ(outcome.output, step.trace(level, std::nullopt));
+            EXPECT_EQ(record(step.function).story, storyOf(step, "", 1, -5));
         });
     }
 }
@@ -115,11 +67,12 @@ TEST_F(MultiSave, AnEndWithoutAStartCallsNothing)
 TEST_F(MultiSave, OneBracketIsEndedOnceAndASecondStartIsCalledAgain)
 {
     connect();
-    for (const auto end : {MultiSaveCommit, MultiSaveDiscard}) {
-        const Outcome outcome = record([&] { return MultiSaveStart() + MultiSaveStart() + end() + end(); });
+    for (const Step& end : {commit, discard}) {
+        const Outcome outcome =
+            record([&] { return MultiSaveStart() + MultiSaveStart() + end.function() + end.function(); });
         EXPECT_EQ(outcome.result, 4);
-        const std::string ended = end == MultiSaveCommit ? "QV_Commit_Multisave" : "QV_Discard_Multisave";
-        EXPECT_EQ(outcome.calls, "QV_Start_Multisave() = 0\nQV_Start_Multisave() = 0\n" + ended + "() = 0\n");
+        EXPECT_EQ(outcome.calls,
+                  "QV_Start_Multisave() = 0\nQV_Start_Multisave() = 0\n" + end.serverFunction + "() = 0\n");
     }
     // The flag is that of the last start.
     MultiSaveStart();
@@ -130,24 +83,16 @@ TEST_F(MultiSave, OneBracketIsEndedOnceAndASecondStartIsCalledAgain)
 
 TEST_F(MultiSave, TheSwitchTurnsEveryStepOff)
 {
-    for (const Step& step : steps) {
+    for (const Step& step : {start, commit, discard}) {
         for (const char* const setting : {"0", "OFF"}) {
-            atEachLevel([&](int level) {
+            atEachLevel([&] {
                 setEnvironment("QV_MULTI_SAVE", setting);
-                MultiSaveStarted = 1;
-                entries = 7;
-                QV_RC = -5;
-                const Outcome outcome = record(step.function);
-                EXPECT_EQ(outcome.result, 1);
-                EXPECT_EQ(entries, 7);
+                EXPECT_EQ(use(step).story, story('\n' + step.name + R"(:
+2 @-----Start-------------------------------------.
+log @ --- OFF ---
+= 1 FromList= entries=7 LastRecNo=0 QV_RC=-5 SelectedAttribute=[]
+)"));
                 EXPECT_EQ(MultiSaveStarted, 1);
-                EXPECT_EQ(QV_RC, -5);
-                EXPECT_EQ(outcome.calls, "");
-                EXPECT_EQ(outcome.output, level < 2
-                                              ? ""
-                                              : std::string(step.name) +
-                                                    "-----Start-------------------------------------.\n");
-                EXPECT_EQ(outcome.accessLog, std::string(step.name) + " --- OFF ---\n");
             });
         }
     }

@@ -50,25 +50,19 @@ void resetGlobals()
 
 } // namespace
 
-std::string errorBlock(const std::string& function, const std::string& text)
-{
-    return "Function " + function + " generated the following error:\n" + text + '\n' + std::string(69, '-') +
-           '\n';
-}
-
 void LibraryTest::restart()
 {
     endProcess();
     startProcess();
 }
 
-void LibraryTest::atEachLevel(const std::function<void(int level)>& test)
+void LibraryTest::atEachLevel(const std::function<void()>& test)
 {
     for (const int level : {-1, 0, 1, 2, 5, 9}) {
         SCOPED_TRACE("at trace level " + std::to_string(level));
         restart();
         connect(level);
-        test(level);
+        test();
     }
 }
 
@@ -89,14 +83,7 @@ void LibraryTest::connect(int level)
 Outcome LibraryTest::record(const std::function<int()>& use)
 {
     standin::forgetCalls();
-    const std::size_t accessLogStart = readFile(accessLogPath).size();
-    const std::size_t errorLogStart = readFile(errorLogPath).size();
-    Outcome outcome;
-    outcome.output = captureOutput([&] { outcome.result = use(); });
-    outcome.calls = standin::transcript();
-    outcome.accessLog = readFile(accessLogPath, accessLogStart);
-    outcome.errorLog = readFile(errorLogPath, errorLogStart);
-    return outcome;
+    return recordStory(use, accessLogPath, errorLogPath);
 }
 
 void LibraryTest::makeListResult(const std::vector<standin::Record>& records)

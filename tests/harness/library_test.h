@@ -14,24 +14,11 @@
 #include <velrzm/velrzm.h>
 
 #include "tests/harness/files.h"
+#include "tests/harness/story.h"
 #include "tests/harness/texts.h"
 #include "tests/standin/standin.h"
 
 namespace harness {
-
-/** What one use of the library gave and wrote. */
-struct Outcome {
-    int result = 0;
-    std::string output;
-    /** The server calls, one line each. */
-    std::string calls;
-    /** What was added to the logs. */
-    std::string accessLog;
-    std::string errorLog;
-};
-
-/** The block that a failed call adds to the error log. */
-std::string errorBlock(const std::string& function, const std::string& text);
 
 class LibraryTest : public ::testing::Test {
 protected:
@@ -43,7 +30,7 @@ protected:
     /** Ends the process, in effect, and starts another one: for a test that goes through several cases. */
     void restart();
     /** Runs `test` once at each trace level that matters, each time connected in a process of its own. */
-    void atEachLevel(const std::function<void(int level)>& test);
+    void atEachLevel(const std::function<void()>& test);
 
     /** Sets an environment variable for the rest of the process; removes it when there is no value. */
     void setEnvironment(const std::string& name, const std::optional<std::string>& value);

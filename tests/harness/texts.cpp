@@ -45,19 +45,10 @@ std::string lines(const std::string& raw)
     return text;
 }
 
-std::string atLevel(int level, const std::string& raw)
+std::string errorBlock(const std::string& function, const std::string& text)
 {
-    std::istringstream marked(lines(raw));
-    std::string shown;
-    for (std::string line; std::getline(marked, line);) {
-        if (line.size() < 2 || line[1] != ' ' || (line[0] != '*' && (line[0] < '0' || line[0] > '9'))) {
-            throw std::invalid_argument("no threshold before: " + line);
-        }
-        if (line[0] == '*' || line[0] - '0' <= level) {
-            shown += line.substr(2) + '\n';
-        }
-    }
-    return shown;
+    return "Function " + function + " generated the following error:\n" + text + '\n' + std::string(69, '-') +
+           '\n';
 }
 
 int countLines(const std::string& text, const std::string& part)

@@ -59,17 +59,8 @@ std::vector<std::string> numberedNames(const std::string& prefix, int count);
  * written `\t`. */
 std::string lines(const std::string& raw);
 
-/**
- * The lines that standard output shows at a trace level. Each line of `raw` begins with its threshold and a
- * blank; "*" stands for a line that is written at every level.
- *
- *     atLevel(2, R"(
- *     0 ****** refused .
- *     2 EngineeringChangeOpen- Selected Attributes are ....
- *     5 EngineeringChangeOpen QV_Open_Object  : QV_RC=-7.
- *     )")
- */
-std::string atLevel(int level, const std::string& raw);
+/** The block that a failure adds to the error log. */
+std::string errorBlock(const std::string& function, const std::string& text);
 
 /** How many lines of `text` contain `part`. */
 int countLines(const std::string& text, const std::string& part = "");

@@ -3,11 +3,11 @@
 // Headers of bills of material and the explosion.
 #include "tests/harness/library_test.h"
 
-using harness::atLevel;
-using harness::errorBlock;
-using harness::lines;
+using harness::countLines;
 using harness::Names;
+using harness::numberedNames;
 using harness::Outcome;
+using harness::story;
 using harness::Text;
 using harness::writeFile;
 
@@ -15,13 +15,9 @@ namespace {
 
 class BomHeader : public harness::LibraryTest {
 protected:
-    static Outcome create(char* ecNumber, char* itemNumber, char** names)
+    static Outcome create(const std::vector<std::string>& names = {"db_object_id", "desc"})
     {
-        return record([&] { return BomHeaderCreate(ecNumber, itemNumber, names); });
-    }
-    static Outcome create()
-    {
-        return create(Text("EC-1"), Text("BR-1"), Names({"db_object_id", "update_count"}));
+        return record([&] { return BomHeaderCreate(Text("ec-12a"), Text("br-1b"), Names(names)); });
     }
     /** The answer to the opening of a header that is not there. */
     static void answerNoHeader() { standin::answer("QV_Open_Object", -7, {{"Q100", "No such header"}}); }
@@ -29,103 +25,56 @@ protected:
 
 TEST_F(BomHeader, AHeaderThatIsNotThereIsSavedOnTheSameObject)
 {
-    atEachLevel([](int level) {
+    atEachLevel([] {
         writeFile("QVL_RZM_DEFAULT", "BomHeaderCreate site A\nBomHeaderCreate update_count 5\n");
         answerNoHeader();
-        Text ecNumber("ec-12a");
-        Text itemNumber("br-1b");
-        const Outcome outcome = create(ecNumber, itemNumber, Names({"db_object_id", "desc"}));
-        EXPECT_EQ(outcome.result, 1);
-        EXPECT_EQ(entries, 1);
-        EXPECT_EQ(LastRecNo, -1);
-        EXPECT_STREQ(FromList, "Object");
-        EXPECT_EQ(ecNumber.str() + ' ' + itemNumber.str(), "EC-12A BR-1B");
-        EXPECT_EQ(NbSelectedAttribute, 2);
-        EXPECT_STREQ(SelectedAttribute[0], "db_object_id");
-        EXPECT_STREQ(SelectedAttribute[1], "desc");
-        EXPECT_EQ(outcome.calls, lines(R"(
-QV_Destroy_Object(null) = 0
-QV_Create_Object(obj1, "BomHeader") = 0
-QV_Set_Object_Attr(obj1, "logical_key@item_number", "BR-1B") = 0
-QV_Set_Object_Attr(obj1, "il_ec_number", "EC-12A") = 0
-QV_Set_Object_Attr(obj1, "logical_key@loc_id", "") = 0
-QV_Subscribe_Object_Attr(obj1, "db_object_id") = 0
-QV_Open_Object(obj1) = -7
-QV_Set_Object_Attr(obj1, "update_count", "") = 0
-QV_Set_Object_Attr(obj1, "site", "A") = 0
-QV_Set_Object_Attr(obj1, "update_count", "5") = 0
-QV_Subscribe_Object_Attr(obj1, "db_object_id") = 0
-QV_Subscribe_Object_Attr(obj1, "desc") = 0
-QV_Save_Object(obj1) = 0
-)"));
-        EXPECT_EQ(outcome.output, atLevel(level, R"(
-2 BomHeaderCreate-----Start------------------------------.
-2 BomHeaderCreate- Calling DefaultRead for BomHeaderCreate.
+        EXPECT_EQ(create().story, story(R"(
+BomHeaderCreate:
+2 @-----Start------------------------------.
+2 @- Calling DefaultRead for @.
 2 DefaultRead-----Start------------------------------.
-2 DefaultRead- Reading defaults from ./QVL_RZM_DEFAULT.
-5 DefaultRead- site=A.
-5 DefaultRead- update_count=5.
-2 DefaultRead-----Exit----NbOfDefault=2--------.
-2 BomHeaderCreate- rc(DefaultRead)=2.
-2 BomHeaderCreate-   EC Number=EC-12A-.
-2 BomHeaderCreate-   Item Number=BR-1B-.
-2 BomHeaderCreate-     ... plus default attributes ....
-2 BomHeaderCreate-     site=A-.
-2 BomHeaderCreate-     update_count=5-.
-2 BomHeaderCreate- Printing Selected Attributes ....
-2 BomHeaderCreate-     db_object_id-.
-2 BomHeaderCreate-     desc-.
-5 BomHeaderCreate QV_Create_Object BomHeader : QV_RC=0.
-2 BomHeaderCreate- Set Required Fields for cl_open.
-2 BomHeaderCreate-   logical_key@item_number=BR-1B-.
-5 BomHeaderCreate QV_Set_Object_Attr logical_key@item_number BR-1B: QV_RC=0.
-2 BomHeaderCreate-   il_ec_number=EC-12A-.
-5 BomHeaderCreate QV_Set_Object_Attr il_ec_number EC-12A: QV_RC=0.
-2 BomHeaderCreate-   logical_key@loc_id=-.
-5 BomHeaderCreate QV_Set_Object_Attr logical_key@loc_id : QV_RC=0.
-2 BomHeaderCreate- Set  the Subscribes for the cl_open.
-2 BomHeaderCreate-   db_object_id.
-5 BomHeaderCreate QV_Subscribe_Object_Attr db_object_id : QV_RC=0.
-2 BomHeaderCreate- Open BomHeader Object.
-5 BomHeaderCreate QV_Open_Object  : QV_RC=-7.
-0 ****** No such header .
-2 BomHeaderCreate- Set Required Fields for cl_save.
-2 BomHeaderCreate-   update_count=-.
-5 BomHeaderCreate QV_Set_Object_Attr update_count : QV_RC=0.
-2 BomHeaderCreate-     site=A-.
-5 BomHeaderCreate QV_Set_Object_Attr site A: QV_RC=0.
-2 BomHeaderCreate-     update_count=5-.
-5 BomHeaderCreate QV_Set_Object_Attr update_count 5: QV_RC=0.
-2 BomHeaderCreate- Set  the Subscribes for the Save.
-5 BomHeaderCreate QV_Subscribe_Object_Attr db_object_id : QV_RC=0.
-5 BomHeaderCreate QV_Subscribe_Object_Attr desc : QV_RC=0.
-2 BomHeaderCreate- Execute Save method.
-5 BomHeaderCreate QV_Save_Object  : QV_RC=0.
-2 BomHeaderCreate-----Exit------------entries/rc=1--------------------.
+2 @- rc(DefaultRead)=2.
+2 @-   EC Number=EC-12A-.
+2 @-   Item Number=BR-1B-.
+2 @-     ... plus default attributes ....
+2 @-     site=A-.
+2 @-     update_count=5-.
+2 @- Printing Selected Attributes ....
+2 @-     db_object_id-.
+2 @-     desc-.
+log @ - ItemNumber= BR-1B , EcNumber= EC-12A
+log @ -  site = A
+log @ -  update_count = 5
+- QV_Destroy_Object(null) = 0
+> QV_Create_Object(obj1, "BomHeader") = 0
+2 @- Set Required Fields for cl_open.
+2 @-   logical_key@item_number=BR-1B-.
+> QV_Set_Object_Attr(obj1, "logical_key@item_number", "BR-1B") = 0
+2 @-   il_ec_number=EC-12A-.
+> QV_Set_Object_Attr(obj1, "il_ec_number", "EC-12A") = 0
+2 @-   logical_key@loc_id=-.
+> QV_Set_Object_Attr(obj1, "logical_key@loc_id", "") = 0
+2 @- Set  the Subscribes for the cl_open.
+2 @-   db_object_id.
+> QV_Subscribe_Object_Attr(obj1, "db_object_id") = 0
+2 @- Open BomHeader Object.
+> QV_Open_Object(obj1) = -7
+! Q100 - No such header
+2 @- Set Required Fields for cl_save.
+2 @-   update_count=-.
+> QV_Set_Object_Attr(obj1, "update_count", "") = 0
+2 @-     site=A-.
+> QV_Set_Object_Attr(obj1, "site", "A") = 0
+2 @-     update_count=5-.
+> QV_Set_Object_Attr(obj1, "update_count", "5") = 0
+2 @- Set  the Subscribes for the Save.
+> QV_Subscribe_Object_Attr(obj1, "db_object_id") = 0
+> QV_Subscribe_Object_Attr(obj1, "desc") = 0
+2 @- Execute Save method.
+> QV_Save_Object(obj1) = 0
+2 @-----Exit------------entries/rc=1--------------------.
+= 1 FromList=Object entries=1 LastRecNo=-1 QV_RC=0 SelectedAttribute=[db_object_id, desc]
 )"));
-        EXPECT_EQ(outcome.accessLog, (level < 3 ? "" : lines(R"(
-DefaultRead - Reading defaults from  ./QVL_RZM_DEFAULT
-DefaultRead -  site <=> A
-DefaultRead -  update_count <=> 5
-)")) + lines(R"(
-BomHeaderCreate - ItemNumber= BR-1B , EcNumber= EC-12A
-BomHeaderCreate -  site = A
-BomHeaderCreate -  update_count = 5
-BomHeaderCreate- rc(QV_Create_Object::BomHeader) = 0
-BomHeaderCreate- rc(QV_Set_Object_Attr::logical_key@item_number=BR-1B) = 0
-BomHeaderCreate- rc(QV_Set_Object_Attr::il_ec_number=EC-12A) = 0
-BomHeaderCreate- rc(QV_Set_Object_Attr::logical_key@loc_id) = 0
-BomHeaderCreate- rc(QV_Subscribe_Object_Attr::db_object_id) = 0
-BomHeaderCreate- rc(QV_Open_Object) = -7
-Q100 - No such header
-BomHeaderCreate- rc(QV_Set_Object_Attr::update_count) = 0
-BomHeaderCreate- rc(QV_Set_Object_Attr::site=A) = 0
-BomHeaderCreate- rc(QV_Set_Object_Attr::update_count=5) = 0
-BomHeaderCreate- rc(QV_Subscribe_Object_Attr::db_object_id) = 0
-BomHeaderCreate- rc(QV_Subscribe_Object_Attr::desc) = 0
-BomHeaderCreate- rc(QV_Save_Object) = 0
-)"));
-        EXPECT_EQ(outcome.errorLog, errorBlock("BomHeaderCreate", "No such header "));
         EXPECT_EQ(lastError(), "No such header \n");
     });
 }
@@ -134,27 +83,31 @@ TEST_F(BomHeader, AHeaderThatIsThereIsLeftAsItIs)
 {
     connect(2);
     writeFile("QVL_RZM_DEFAULT", "BomHeaderCreate site A\n");
-    const Outcome outcome = create();
-    EXPECT_EQ(outcome.result, 1);
-    EXPECT_EQ(outcome.errorLog, "");
-    EXPECT_EQ(outcome.calls.substr(outcome.calls.find("QV_Open_Object")), "QV_Open_Object(obj1) = 0\n");
-    const std::string end = lines(R"(
-BomHeaderCreate- Open BomHeader Object.
-BomHeaderCreate-----Exit------------entries/rc=1--------------------.
-)");
-    EXPECT_EQ(outcome.output.substr(outcome.output.size() - end.size()), end);
+    EXPECT_EQ(create().storyFrom("Open BomHeader"), story(R"(
+BomHeaderCreate:
+2 @- Open BomHeader Object.
+> QV_Open_Object(obj1) = 0
+2 @-----Exit------------entries/rc=1--------------------.
+= 1 FromList=Object entries=1 LastRecNo=-1 QV_RC=0 SelectedAttribute=[db_object_id, desc]
+)"));
 }
 
-TEST_F(BomHeader, ThirtyNamesAreCapturedAndAllAreAskedForBeforeTheSave)
+TEST_F(BomHeader, ThirtyNamesAreCapturedAllAreAskedForBeforeTheSaveAndNineteenDefaultsAreSet)
 {
     connect();
     answerNoHeader();
-    const Outcome outcome = create(Text(""), Text("BR-1"), Names(harness::numberedNames("attribute", 31)));
+    std::string file;
+    for (const std::string& name : numberedNames("default", 20)) {
+        file += "BomHeaderCreate " + name + " value\n";
+    }
+    writeFile("QVL_RZM_DEFAULT", file);
+    const Outcome outcome = create(numberedNames("attribute", 31));
     EXPECT_EQ(outcome.result, 1);
     EXPECT_EQ(NbSelectedAttribute, 30);
     EXPECT_STREQ(SelectedAttribute[29], "attribute30");
     EXPECT_STREQ(SelectedAttribute[30], "");
-    EXPECT_EQ(harness::countLines(outcome.calls, "QV_Subscribe_Object_Attr(obj1, \"attribute"), 31);
+    EXPECT_EQ(countLines(outcome.calls, "QV_Subscribe_Object_Attr(obj1, \"attribute"), 31);
+    EXPECT_EQ(countLines(outcome.calls, "QV_Set_Object_Attr(obj1, \"default"), 19);
 }
 
 /** Of the calls that create the header only "update_count" may fail. */
@@ -183,84 +136,66 @@ TEST_F(BomHeader, AFailureBehindTheOpeningStopsTheCreation)
 
 class BomExplosion : public harness::LibraryTest {
 protected:
-    static Outcome explode(std::vector<std::string> parameters, std::vector<std::string> values,
-                           std::vector<std::string> names)
+    static Outcome explode(const std::vector<std::string>& parameters, const std::vector<std::string>& values,
+                           const std::vector<std::string>& names)
     {
-        Names parameterArray(std::move(parameters));
-        Names valueArray(std::move(values));
-        Names nameArray(std::move(names));
-        return record([&] { return BomExplode(parameterArray, valueArray, nameArray); });
+        return record([&] { return BomExplode(Names(parameters), Names(values), Names(names)); });
     }
 };
 
 TEST_F(BomExplosion, TheRowsOfTheReportAreTheCurrentList)
 {
-    atEachLevel([](int level) {
+    atEachLevel([] {
         standin::setRecords({{}, {}, {{"level", "2"}}});
-        const Outcome outcome =
-            explode({"item_number", "itm_doc_str"}, {"br-1", "no"}, {"level", "comp_item_number"});
-        EXPECT_EQ(outcome.result, 3);
-        EXPECT_EQ(entries, 3);
-        EXPECT_EQ(LastRecNo, -1);
-        EXPECT_STREQ(FromList, "List");
-        EXPECT_EQ(NbSelectedAttribute, 2);
-        EXPECT_STREQ(SelectedAttribute[0], "level");
-        EXPECT_STREQ(SelectedAttribute[1], "comp_item_number");
-        EXPECT_EQ(outcome.calls, lines(R"(
-QV_Create_Report(report1, "IndentedRetrievalStrmElm", "ExplosionRetrieval") = 0
-QV_Set_Report_Attr(report1, "item_number", "br-1") = 0
-QV_Set_Report_Attr(report1, "itm_doc_str", "no") = 0
-QV_Set_Report_Attr(report1, "itm_doc_str", "*") = 0
-QV_Subscribe_Report_Attr(report1, "level") = 0
-QV_Subscribe_Report_Attr(report1, "comp_item_number") = 0
-QV_Generate_Report(report1, list1) = 0
-QV_SizeOf_List(list1, 3) = 0
-)"));
         // The last line carries the name as part of its text, and nothing before it.
-        EXPECT_EQ(outcome.output, atLevel(level, R"(
-2 BomExplode-----Start------------------------------.
+        EXPECT_EQ(
+            explode({"item_number", "itm_doc_str"}, {"br-1", "no"}, {"level", "comp_item_number"}).story,
+            story(R"(
+BomExplode:
+2 @-----Start------------------------------.
 2 BomExplodePrinting Explosion Parameters ....
-2 BomExplode   item_number=br-1-.
-2 BomExplode   itm_doc_str=no-.
+2 @   item_number=br-1-.
+2 @   itm_doc_str=no-.
 2 BomExplodePrinting Selected Attributes ....
-2 BomExplode   level-.
-2 BomExplode   comp_item_number-.
-2 DestroyListOrReport-----Start-------.
-2 DestroyListOrReport-----Exit--------.
-5 BomExplode QV_Create_Report IndentedRetrievalStrmElm ExplosionRetrieval: QV_RC=0.
-5 BomExplode QV_Set_Report_Attr item_number br-1: QV_RC=0.
-5 BomExplode QV_Set_Report_Attr itm_doc_str no: QV_RC=0.
-5 BomExplode QV_Set_Report_Attr itm_doc_str *: QV_RC=0.
-5 BomExplode QV_Subscribe_Report_Attr level : QV_RC=0.
-5 BomExplode QV_Subscribe_Report_Attr comp_item_number : QV_RC=0.
-5 BomExplode QV_Generate_Report  : QV_RC=0.
-5 BomExplode QV_SizeOf_List nb_of_entries 3: QV_RC=0.
-2 BomExplode-----Exit-----------entries/rc=3-------.
-)"));
-        EXPECT_EQ(outcome.accessLog, lines(R"(
-BomExplode- rc(QV_Create_Report::IndentedRetrievalStrmElm=ExplosionRetrieval) = 0
-BomExplode- rc(QV_Set_Report_Attr::item_number=br-1) = 0
-BomExplode- rc(QV_Set_Report_Attr::itm_doc_str=no) = 0
-BomExplode- rc(QV_Set_Report_Attr::itm_doc_str=*) = 0
-BomExplode- rc(QV_Subscribe_Report_Attr::level) = 0
-BomExplode- rc(QV_Subscribe_Report_Attr::comp_item_number) = 0
-BomExplode- rc(QV_Generate_Report) = 0
-BomExplode- rc(QV_SizeOf_List::nb_of_entries=3) = 0
+2 @   level-.
+2 @   comp_item_number-.
+DestroyListOrReport:
+2 @-----Start-------.
+2 @-----Exit--------.
+BomExplode:
+> QV_Create_Report(report1, "IndentedRetrievalStrmElm", "ExplosionRetrieval") = 0
+> QV_Set_Report_Attr(report1, "item_number", "br-1") = 0
+> QV_Set_Report_Attr(report1, "itm_doc_str", "no") = 0
+> QV_Set_Report_Attr(report1, "itm_doc_str", "*") = 0
+> QV_Subscribe_Report_Attr(report1, "level") = 0
+> QV_Subscribe_Report_Attr(report1, "comp_item_number") = 0
+> QV_Generate_Report(report1, list1) = 0
+> QV_SizeOf_List(list1, 3) = 0 as QV_SizeOf_List "nb_of_entries" "3"
+2 @-----Exit-----------entries/rc=3-------.
+= 3 FromList=List entries=3 LastRecNo=-1 QV_RC=0 SelectedAttribute=[level, comp_item_number]
 )"));
         std::string level2(10, '\0');
         EXPECT_EQ(record([&] { return GetValue(2, Text("level"), level2.data()); }).result, 1);
         EXPECT_STREQ(level2.c_str(), "2");
 
         // The next explosion gives the report and its rows back first.
-        const Outcome next = explode({}, {}, {});
-        EXPECT_EQ(next.result, 3);
-        EXPECT_EQ(next.calls, lines(R"(
-QV_Destroy_Report(report1) = 0
-QV_Destroy_List(list1) = 0
-QV_Create_Report(report2, "IndentedRetrievalStrmElm", "ExplosionRetrieval") = 0
-QV_Set_Report_Attr(report2, "itm_doc_str", "*") = 0
-QV_Generate_Report(report2, list2) = 0
-QV_SizeOf_List(list2, 3) = 0
+        EXPECT_EQ(explode({}, {}, {}).story, story(R"(
+BomExplode:
+2 @-----Start------------------------------.
+2 BomExplodePrinting Explosion Parameters ....
+2 BomExplodePrinting Selected Attributes ....
+DestroyListOrReport:
+2 @-----Start-------.
+> QV_Destroy_Report(report1) = 0
+> QV_Destroy_List(list1) = 0
+2 @-----Exit--------.
+BomExplode:
+> QV_Create_Report(report2, "IndentedRetrievalStrmElm", "ExplosionRetrieval") = 0
+> QV_Set_Report_Attr(report2, "itm_doc_str", "*") = 0
+> QV_Generate_Report(report2, list2) = 0
+> QV_SizeOf_List(list2, 3) = 0 as QV_SizeOf_List "nb_of_entries" "3"
+2 @-----Exit-----------entries/rc=3-------.
+= 3 FromList=List entries=3 LastRecNo=-1 QV_RC=0 SelectedAttribute=[]
 )"));
     });
 }
@@ -270,15 +205,14 @@ TEST_F(BomExplosion, AFailedReportGivesNoRows)
     connect(2);
     entries = 5;
     standin::answer("QV_Generate_Report", -7, {{"Q1", "No such item"}});
-    const Outcome outcome = explode({"item_number"}, {"BR-9"}, {});
-    EXPECT_EQ(outcome.result, 0);
-    EXPECT_EQ(entries, 0);
+    EXPECT_EQ(explode({"item_number"}, {"BR-9"}, {}).storyFrom("QV_Generate_Report"), story(R"(
+BomExplode:
+> QV_Generate_Report(report1, null) = -7
+! Q1 - No such item
+2 @-----Exit-----------entries/rc=0-------.
+= 0 FromList=List entries=0 LastRecNo=-1 QV_RC=-7 SelectedAttribute=[]
+)"));
     EXPECT_EQ(QV_ListPtr, nullptr);
-    const std::string end = lines(R"(
-****** No such item .
-BomExplode-----Exit-----------entries/rc=0-------.
-)");
-    EXPECT_EQ(outcome.output.substr(outcome.output.size() - end.size()), end);
 }
 
 TEST_F(BomExplosion, AReportThatCannotBeGivenBackIsToldAndReplaced)
@@ -289,26 +223,31 @@ TEST_F(BomExplosion, AReportThatCannotBeGivenBackIsToldAndReplaced)
     standin::answer("QV_Generate_Report", 0);
     standin::answer("QV_Destroy_Report", -7, {{"E1", "in use"}});
     standin::setRecords({{}});
-    const Outcome outcome = explode({}, {}, {});
-    EXPECT_EQ(outcome.result, 1);
-    EXPECT_EQ(outcome.output, "****** in use .\n");
-    EXPECT_EQ(outcome.errorLog, errorBlock("DestroyListOrReport", "in use "));
+    EXPECT_EQ(explode({}, {}, {}).story, story(R"(
+DestroyListOrReport:
+> QV_Destroy_Report(report1) = -7
+! E1 - in use
+BomExplode:
+> QV_Create_Report(report2, "IndentedRetrievalStrmElm", "ExplosionRetrieval") = 0
+> QV_Set_Report_Attr(report2, "itm_doc_str", "*") = 0
+> QV_Generate_Report(report2, list1) = 0
+> QV_SizeOf_List(list1, 1) = 0 as QV_SizeOf_List "nb_of_entries" "1"
+= 1 FromList=List entries=1 LastRecNo=-1 QV_RC=0 SelectedAttribute=[]
+)"));
 }
 
 TEST_F(BomExplosion, MissingParameterValuesAreEmptyTexts)
 {
     connect(2);
-    Names parameters({"item_number", "ec_number"});
-    Names values({"BR-1"}); // its closing null stands where the second value is missing
-    const Outcome outcome = record([&] { return BomExplode(parameters, values, nullptr); });
-    EXPECT_EQ(outcome.result, 0);
-    EXPECT_EQ(harness::countLines(outcome.calls, R"("item_number", "BR-1")"), 1);
-    EXPECT_EQ(harness::countLines(outcome.calls, R"("ec_number", "")"), 1);
-    EXPECT_EQ(harness::countLines(outcome.output, "BomExplode   ec_number=-."), 1);
-    EXPECT_EQ(record([&] { return BomExplode(parameters, nullptr, nullptr); }).result, 0);
-    EXPECT_EQ(harness::countLines(standin::transcript(), R"("item_number", "")"), 1);
-    EXPECT_EQ(record([] { return BomExplode(nullptr, nullptr, nullptr); }).result, 0);
-    EXPECT_EQ(harness::countLines(standin::transcript(), "QV_Set_Report_Attr"), 1);
+    // The closing null of the values stands where the second one is missing.
+    const Outcome outcome = explode({"item_number", "ec_number"}, {"BR-1"}, {});
+    EXPECT_EQ(countLines(outcome.calls, R"("item_number", "BR-1")"), 1);
+    EXPECT_EQ(countLines(outcome.calls, R"("ec_number", "")"), 1);
+    EXPECT_EQ(countLines(outcome.output, "BomExplode   ec_number=-."), 1);
+    EXPECT_EQ(
+        countLines(record([] { return BomExplode(Names({"a"}), nullptr, nullptr); }).calls, R"("a", "")"), 1);
+    EXPECT_EQ(countLines(record([] { return BomExplode(nullptr, nullptr, nullptr); }).calls, "Report_Attr"),
+              1);
 }
 
 } // namespace

@@ -5,31 +5,21 @@
 
 #include "tests/harness/library_test.h"
 
-using harness::atLevel;
-using harness::lines;
+using harness::countLines;
 using harness::Names;
 using harness::Outcome;
+using harness::story;
 using harness::Text;
 using harness::writeFile;
 
 namespace {
 
-constexpr const char* untouched = "untouched";
-
 /** The caller's buffers for what the new revision is called. */
 struct Buffers {
-    std::array<char, 5000> number{};
-    std::array<char, 5000> identifier{};
+    std::array<char, 5000> number{"untouched"};
+    std::array<char, 5000> identifier{"untouched"};
 
-    Buffers()
-    {
-        number.fill('#');
-        identifier.fill('#');
-        std::string(untouched).copy(number.data(), number.size());
-        std::string(untouched).copy(identifier.data(), identifier.size());
-        number[std::string(untouched).size()] = '\0';
-        identifier[std::string(untouched).size()] = '\0';
-    }
+    std::string texts() const { return std::string(number.data()) + ' ' + identifier.data(); }
 };
 
 class DocumentRevision : public harness::LibraryTest {
@@ -41,224 +31,123 @@ protected:
         standin::setRecords({{{"doc_revision@doc_rev_num", "A"}, {"db_object_id", "4711"}},
                              {{"doc_revision@doc_rev_num", "B"}, {"db_object_id", "4712"}}});
     }
-    static Outcome revise(char* ecNumber, Buffers& buffers, char** names = nullptr)
+    /** What a test does not name is the same in all of them. */
+    struct Request {
+        std::string documentNumber = "d-1b";
+        std::string title = "Bracket";
+        std::vector<std::string> names = {};
+    };
+    static Outcome revise(const std::string& change, Buffers& buffers, const Request& request)
     {
         return record([&] {
-            return DocumentMakeNewRevision(ecNumber, Text("D-1"), Text("a"), Text("Bracket"), Text("oid"),
-                                           names, buffers.number.data(), buffers.identifier.data());
+            return DocumentMakeNewRevision(Text(change), Text(request.documentNumber), Text("a"),
+                                           Text(request.title), Text("oid-7"), Names(request.names),
+                                           buffers.number.data(), buffers.identifier.data());
         });
     }
+    static Outcome revise(const std::string& change, Buffers& buffers) { return revise(change, buffers, {}); }
 };
-
-constexpr const char* controlledByTheSameChange = R"--(
-QV_Destroy_Object(null) = 0
-QV_Create_Object(obj1, "DocVersion") = 0
-QV_Set_Object_Attr(obj1, "db_object_id", "") = 0
-QV_Set_Object_Attr(obj1, "doc_revision@doc_number", "D-1B") = 0
-QV_Set_Object_Attr(obj1, "doc_revision@doc_rev_num", "a") = 0
-QV_Subscribe_Object_Attr(obj1, "doc_revision@doc_title") = 0
-QV_Subscribe_Object_Attr(obj1, "doc_revision@chg_ctrl") = 0
-QV_Subscribe_Object_Attr(obj1, "doc_revision@doc_ctrl_num") = 0
-QV_Open_Object(obj1) = 0
-QV_Get_Object_Attr(obj1, "doc_revision@doc_ctrl_num") = 0
-QV_Subscribe_Object_Attr(obj1, "doc_type") = 0
-QV_Subscribe_Object_Attr(obj1, "db_object_id") = 0
-QV_Set_Object_Attr(obj1, "site", "A") = 0
-QV_Set_Object_Attr(obj1, "doc_type", "DRW") = 0
-QV_Make_New_Revision(obj1, obj2) = 0
-QV_Destroy_Object(obj2) = 0
-QV_Destroy_List(null) = 0
-QV_Create_List(list1, "DocVersion") = 0
-QV_Set_Clause(list1, "Select", "doc_revision@doc_number") = 0
-QV_Set_Clause(list1, "Select", "doc_revision@doc_rev_num") = 0
-QV_Set_Clause(list1, "Select", "db_object_id") = 0
-QV_Set_Clause(list1, "Where", "&=(doc_revision@doc_number,'D-1B')") = 0
-QV_Set_Clause(list1, "Where", "&=(doc_revision@primary_config@db_object_id,db_object_id)") = 0
-QV_Set_Clause(list1, "Where", "&=(copy_count,0)") = 0
-QV_Set_Clause(list1, "OrderBy", "doc_revision@doc_number") = 0
-QV_Set_Clause(list1, "OrderBy", "doc_revision@doc_rev_num_v") = 0
-QV_Set_Clause(list1, "OrderBy", "doc_ver_num") = 0
-QV_Open_List(list1) = 0
-QV_SizeOf_List(list1, 2) = 0
-QV_Read_List(list1, 1, obj3) = 0
-QV_Get_Object_Attr(obj3, "doc_revision@doc_rev_num") = 0
-QV_Get_Object_Attr(obj3, "db_object_id") = 0
-QV_Create_Object(obj4, "DocVersion") = 0
-QV_Set_Object_Attr(obj4, "db_object_id", "4712") = 0
-QV_Set_Object_Attr(obj4, "doc_revision@doc_title", "") = 0
-QV_Subscribe_Object_Attr(obj4, "doc_primary_fmt@user_data3") = 0
-QV_Subscribe_Object_Attr(obj4, "doc_revision@chg_ctrl") = 0
-QV_Subscribe_Object_Attr(obj4, "doc_revision@doc_ctrl_num") = 0
-QV_Open_Object(obj4) = 0
-QV_Set_Object_Attr(obj4, "doc_revision@doc_title", "Bracket 2") = 0
-QV_Set_Object_Attr(obj4, "doc_primary_fmt@user_data3", "oid-7") = 0
-QV_Set_Object_Attr(obj1, "doc_revision@chg_ctrl", "0") = 0
-QV_Save_Object(obj1) = 0
-QV_Set_Object_Attr(obj4, "doc_revision@chg_ctrl", "1") = 0
-QV_Set_Object_Attr(obj4, "doc_revision@doc_ctrl_num", "ec-1") = 0
-QV_Save_Object(obj4) = 0
-QV_Destroy_Object(obj4) = 0
-QV_Destroy_Object(obj3) = 0
-)--";
-
-constexpr const char* traceOfIt = R"(
-2 DocumentMakeNewRevision-----Start------------------------------.
-2 DocumentMakeNewRevision- Calling DefaultRead for DocumentMakeNewRevision.
-2 DefaultRead-----Start------------------------------.
-2 DefaultRead- Reading defaults from ./QVL_RZM_DEFAULT.
-5 DefaultRead- site=A.
-5 DefaultRead- doc_type=DRW.
-2 DefaultRead-----Exit----NbOfDefault=2--------.
-2 DocumentMakeNewRevision- rc(DefaultRead)=2.
-2 DocumentMakeNewRevision- Printing Input Attributes ....
-2 DocumentMakeNewRevision-    EcNumber=ec-1.
-2 DocumentMakeNewRevision-    DocumentNumber=D-1B.
-2 DocumentMakeNewRevision-    RevisionNumber=a.
-2 DocumentMakeNewRevision-    NewRevDocumentTitle=Bracket 2.
-2 DocumentMakeNewRevision-    SystemPartnerOid=oid-7.
-2 DocumentMakeNewRevision- Printing Selected Attributes ....
-2 DocumentMakeNewRevision-   doc_type-.
-2 DocumentMakeNewRevision-   db_object_id-.
-5 DocumentMakeNewRevision QV_Create_Object DocVersion : QV_RC=0.
-2 DocumentMakeNewRevision-  base doc: db_object_id=-.
-5 DocumentMakeNewRevision base doc: QV_Set_Object_Attr db_object_id : QV_RC=0.
-2 DocumentMakeNewRevision-   base doc: doc_revision@doc_number=D-1B-.
-5 DocumentMakeNewRevision base doc: QV_Set_Object_Attr doc_revision@doc_number D-1B: QV_RC=0.
-2 DocumentMakeNewRevision-   base doc: doc_revision@doc_rev_num=a-.
-5 DocumentMakeNewRevision base doc: QV_Set_Object_Attr doc_revision@doc_rev_num a: QV_RC=0.
-5 DocumentMakeNewRevision base doc: QV_Subscribe_Object_Attr doc_revision@doc_title : QV_RC=0.
-5 DocumentMakeNewRevision base doc: QV_Subscribe_Object_Attr doc_revision@chg_ctrl : QV_RC=0.
-5 DocumentMakeNewRevision base doc: QV_Subscribe_Object_Attr doc_revision@doc_ctrl_num : QV_RC=0.
-5 DocumentMakeNewRevision base doc: QV_Open_Object  : QV_RC=0.
-2 DocumentMakeNewRevision-     base doc: IniCtrlEcNumber=ec-1-.
-5 DocumentMakeNewRevision base doc: QV_Subscribe_Object_Attr doc_type : QV_RC=0.
-5 DocumentMakeNewRevision base doc: QV_Subscribe_Object_Attr db_object_id : QV_RC=0.
-2 DocumentMakeNewRevision-     site=A-.
-5 DocumentMakeNewRevision base doc: QV_Set_Object_Attr site A: QV_RC=0.
-2 DocumentMakeNewRevision-     doc_type=DRW-.
-5 DocumentMakeNewRevision base doc: QV_Set_Object_Attr doc_type DRW: QV_RC=0.
-5 DocumentMakeNewRevision base doc: QV_MakeNewRevision_Doc  : QV_RC=0.
-5 DocumentMakeNewRevision QV_Create_List DocVersion : QV_RC=0.
-2 DocumentMakeNewRevision AppendSelect - doc_revision@doc_number.
-5 DocumentMakeNewRevision AppendSelect- QV_Set_Clause-Select doc_revision@doc_number : QV_RC=0.
-2 DocumentMakeNewRevision AppendSelect - doc_revision@doc_rev_num.
-5 DocumentMakeNewRevision AppendSelect- QV_Set_Clause-Select doc_revision@doc_rev_num : QV_RC=0.
-2 DocumentMakeNewRevision AppendSelect - db_object_id.
-5 DocumentMakeNewRevision AppendSelect- QV_Set_Clause-Select db_object_id : QV_RC=0.
-2 DocumentMakeNewRevision AppendWhere - &=(doc_revision@doc_number,'D-1B').
-5 DocumentMakeNewRevision AppendWhere- QV_Set_Clause-Where &=(doc_revision@doc_number,'D-1B') : QV_RC=0.
-2 DocumentMakeNewRevision AppendWhere - &=(doc_revision@primary_config@db_object_id,db_object_id).
-5 DocumentMakeNewRevision AppendWhere- QV_Set_Clause-Where &=(doc_revision@primary_config@db_object_id,db_object_id) : QV_RC=0.
-2 DocumentMakeNewRevision AppendWhere - &=(copy_count,0).
-5 DocumentMakeNewRevision AppendWhere- QV_Set_Clause-Where &=(copy_count,0) : QV_RC=0.
-5 DocumentMakeNewRevision QV_Set_Clause-OrderBy doc_revision@doc_number : QV_RC=0.
-5 DocumentMakeNewRevision QV_Set_Clause-OrderBy doc_revision@doc_rev_num_v : QV_RC=0.
-5 DocumentMakeNewRevision QV_Set_Clause-OrderBy doc_ver_num : QV_RC=0.
-5 DocumentMakeNewRevision QV_Open_List  : QV_RC=0.
-5 DocumentMakeNewRevision new rev doc: QV_Create_Object DocVersion : QV_RC=0.
-5 DocumentMakeNewRevision new rev doc: QV_Set_Object_Attr db_object_id 4712: QV_RC=0.
-5 DocumentMakeNewRevision new rev doc: QV_Set_Object_Attr doc_revision@doc_title : QV_RC=0.
-5 DocumentMakeNewRevision new rev doc: QV_Subscribe_Object_Attr doc_primary_fmt@user_data3 : QV_RC=0.
-5 DocumentMakeNewRevision new rev doc: QV_Subscribe_Object_Attr doc_revision@chg_ctrl : QV_RC=0.
-5 DocumentMakeNewRevision new rev doc: QV_Subscribe_Object_Attr doc_revision@doc_ctrl_num : QV_RC=0.
-5 DocumentMakeNewRevision new rev doc: QV_Open_Object  : QV_RC=0.
-5 DocumentMakeNewRevision new rev doc: QV_Set_Object_Attr doc_revision@doc_title Bracket 2: QV_RC=0.
-5 DocumentMakeNewRevision new rev doc: QV_Set_Object_Attr doc_primary_fmt@user_data3 oid-7: QV_RC=0.
-2 DocumentMakeNewRevision-IniCtrlEcNumber=ec-1- EcNumber=ec-1-.
-2 DocumentMakeNewRevision-   base doc: doc_revision@chg_ctrl=0.
-5 DocumentMakeNewRevision base doc: QV_Set_Object_Attr doc_revision@chg_ctrl 0: QV_RC=0.
-2 DocumentMakeNewRevision base doc: Execute Save method.
-5 DocumentMakeNewRevision base doc: QV_Save_Object  : QV_RC=0.
-2 DocumentMakeNewRevision-   new rev doc: doc_revision@chg_ctrl=1.
-5 DocumentMakeNewRevision new rev doc: QV_Set_Object_Attr doc_revision@chg_ctrl 1: QV_RC=0.
-2 DocumentMakeNewRevision-   new rev doc: doc_revision@doc_ctrl_num=ec-1.
-5 DocumentMakeNewRevision new rev doc: QV_Set_Object_Attr doc_revision@doc_ctrl_num ec-1: QV_RC=0.
-2 DocumentMakeNewRevision new rev doc: Execute Save method.
-5 DocumentMakeNewRevision new rev doc: QV_Save_Object  : QV_RC=0.
-2 DocumentMakeNewRevision...revision B for document D-1B was created.
-)";
-
-constexpr const char* logOfIt = R"(
-DocumentMakeNewRevision EcNumber=ec-1, DocumentNumber=D-1B, RevisionNumber=a, NewRevDocumentTitle=Bracket 2
-DocumentMakeNewRevision     site = A
-DocumentMakeNewRevision     doc_type = DRW
-DocumentMakeNewRevision    SystemPartnerOid= oid-7
-DocumentMakeNewRevision- rc(QV_Create_Object::DocVersion) = 0
-DocumentMakeNewRevision- rc(base doc: QV_Set_Object_Attr::db_object_id) = 0
-DocumentMakeNewRevision- rc(base doc: QV_Set_Object_Attr::doc_revision@doc_number=D-1B) = 0
-DocumentMakeNewRevision- rc(base doc: QV_Set_Object_Attr::doc_revision@doc_rev_num=a) = 0
-DocumentMakeNewRevision- rc(base doc: QV_Subscribe_Object_Attr::doc_revision@doc_title) = 0
-DocumentMakeNewRevision- rc(base doc: QV_Subscribe_Object_Attr::doc_revision@chg_ctrl) = 0
-DocumentMakeNewRevision- rc(base doc: QV_Subscribe_Object_Attr::doc_revision@doc_ctrl_num) = 0
-DocumentMakeNewRevision- rc(base doc: QV_Open_Object) = 0
-DocumentMakeNewRevision- rc(base doc: QV_Subscribe_Object_Attr::doc_type) = 0
-DocumentMakeNewRevision- rc(base doc: QV_Subscribe_Object_Attr::db_object_id) = 0
-DocumentMakeNewRevision- rc(base doc: QV_Set_Object_Attr::site=A) = 0
-DocumentMakeNewRevision- rc(base doc: QV_Set_Object_Attr::doc_type=DRW) = 0
-DocumentMakeNewRevision- rc(base doc: QV_MakeNewRevision_Doc) = 0
-DocumentMakeNewRevision ...Document New Revision was  created
-DocumentMakeNewRevision- rc(QV_Create_List::DocVersion) = 0
-DocumentMakeNewRevision- rc(AppendSelect- QV_Set_Clause-Select::doc_revision@doc_number) = 0
-DocumentMakeNewRevision- rc(AppendSelect- QV_Set_Clause-Select::doc_revision@doc_rev_num) = 0
-DocumentMakeNewRevision- rc(AppendSelect- QV_Set_Clause-Select::db_object_id) = 0
-DocumentMakeNewRevision- rc(AppendWhere- QV_Set_Clause-Where::&=(doc_revision@doc_number,'D-1B')) = 0
-DocumentMakeNewRevision- rc(AppendWhere- QV_Set_Clause-Where::&=(doc_revision@primary_config@db_object_id,db_object_id)) = 0
-DocumentMakeNewRevision- rc(AppendWhere- QV_Set_Clause-Where::&=(copy_count,0)) = 0
-DocumentMakeNewRevision- rc(QV_Set_Clause-OrderBy::doc_revision@doc_number) = 0
-DocumentMakeNewRevision- rc(QV_Set_Clause-OrderBy::doc_revision@doc_rev_num_v) = 0
-DocumentMakeNewRevision- rc(QV_Set_Clause-OrderBy::doc_ver_num) = 0
-DocumentMakeNewRevision- rc(QV_Open_List) = 0
-DocumentMakeNewRevision ... new Revision Number= B  new DbObjectId= 4712
-DocumentMakeNewRevision- rc(new rev doc: QV_Create_Object::DocVersion) = 0
-DocumentMakeNewRevision- rc(new rev doc: QV_Set_Object_Attr::db_object_id=4712) = 0
-DocumentMakeNewRevision- rc(new rev doc: QV_Set_Object_Attr::doc_revision@doc_title) = 0
-DocumentMakeNewRevision- rc(new rev doc: QV_Subscribe_Object_Attr::doc_primary_fmt@user_data3) = 0
-DocumentMakeNewRevision- rc(new rev doc: QV_Subscribe_Object_Attr::doc_revision@chg_ctrl) = 0
-DocumentMakeNewRevision- rc(new rev doc: QV_Subscribe_Object_Attr::doc_revision@doc_ctrl_num) = 0
-DocumentMakeNewRevision- rc(new rev doc: QV_Open_Object) = 0
-DocumentMakeNewRevision- rc(new rev doc: QV_Set_Object_Attr::doc_revision@doc_title=Bracket 2) = 0
-DocumentMakeNewRevision- rc(new rev doc: QV_Set_Object_Attr::doc_primary_fmt@user_data3=oid-7) = 0
-DocumentMakeNewRevision- rc(base doc: QV_Set_Object_Attr::doc_revision@chg_ctrl=0) = 0
-DocumentMakeNewRevision- rc(base doc: QV_Save_Object) = 0
-DocumentMakeNewRevision- rc(new rev doc: QV_Set_Object_Attr::doc_revision@chg_ctrl=1) = 0
-DocumentMakeNewRevision- rc(new rev doc: QV_Set_Object_Attr::doc_revision@doc_ctrl_num=ec-1) = 0
-DocumentMakeNewRevision- rc(new rev doc: QV_Save_Object) = 0
-DocumentMakeNewRevision ...Document New Revision was  updated
-)";
 
 TEST_F(DocumentRevision, TheChangeMovesFromTheBaseRevisionToTheNewOne)
 {
-    atEachLevel([](int level) {
+    atEachLevel([] {
         writeFile("QVL_RZM_DEFAULT",
                   "DocumentMakeNewRevision site A\nDocumentMakeNewRevision doc_type DRW\n");
         prepare("ec-1");
         Buffers buffers;
-        Text ecNumber("ec-1");
-        Text documentNumber("d-1b");
-        const Outcome outcome = record([&] {
-            return DocumentMakeNewRevision(ecNumber, documentNumber, Text("a"), Text("Bracket 2"),
-                                           Text("oid-7"), Names({"doc_type", "db_object_id"}),
-                                           buffers.number.data(), buffers.identifier.data());
-        });
-        EXPECT_EQ(outcome.result, 1);
-        EXPECT_STREQ(buffers.number.data(), "B");
-        EXPECT_STREQ(buffers.identifier.data(), "4712");
-        EXPECT_EQ(ecNumber.str(), "ec-1");
-        EXPECT_EQ(documentNumber.str(), "D-1B");
-        EXPECT_EQ(entries, 2);
-        EXPECT_EQ(LastRecNo, -1);
-        EXPECT_STREQ(FromList, "Object");
-        EXPECT_EQ(NbSelectedAttribute, 2);
-        EXPECT_STREQ(SelectedAttribute[0], "doc_type");
-        EXPECT_STREQ(SelectedAttribute[1], "db_object_id");
-        EXPECT_EQ(outcome.calls, lines(controlledByTheSameChange));
-        EXPECT_EQ(outcome.output, atLevel(level, traceOfIt));
-        EXPECT_EQ(outcome.accessLog, (level < 3 ? "" : lines(R"(
-DefaultRead - Reading defaults from  ./QVL_RZM_DEFAULT
-DefaultRead -  site <=> A
-DefaultRead -  doc_type <=> DRW
-)")) + lines(logOfIt));
-        EXPECT_EQ(outcome.errorLog, "");
+        EXPECT_EQ(revise("ec-1", buffers, {"d-1b", "Bracket 2", {"doc_type", "db_object_id"}}).story,
+                  story(R"--(
+DocumentMakeNewRevision:
+2 @-----Start------------------------------.
+2 @- Calling DefaultRead for @.
+2 DefaultRead-----Start------------------------------.
+2 @- rc(DefaultRead)=2.
+2 @- Printing Input Attributes ....
+2 @-    EcNumber=ec-1.
+2 @-    DocumentNumber=D-1B.
+2 @-    RevisionNumber=a.
+2 @-    NewRevDocumentTitle=Bracket 2.
+2 @-    SystemPartnerOid=oid-7.
+2 @- Printing Selected Attributes ....
+2 @-   doc_type-.
+2 @-   db_object_id-.
+log @ EcNumber=ec-1, DocumentNumber=D-1B, RevisionNumber=a, NewRevDocumentTitle=Bracket 2
+log @     site = A
+log @     doc_type = DRW
+log @    SystemPartnerOid= oid-7
+- QV_Destroy_Object(null) = 0
+> QV_Create_Object(obj1, "DocVersion") = 0
+2 @-  base doc: db_object_id=-.
+> QV_Set_Object_Attr(obj1, "db_object_id", "") = 0 as base doc: QV_Set_Object_Attr
+2 @-   base doc: doc_revision@doc_number=D-1B-.
+> QV_Set_Object_Attr(obj1, "doc_revision@doc_number", "D-1B") = 0 as base doc: QV_Set_Object_Attr
+2 @-   base doc: doc_revision@doc_rev_num=a-.
+> QV_Set_Object_Attr(obj1, "doc_revision@doc_rev_num", "a") = 0 as base doc: QV_Set_Object_Attr
+> QV_Subscribe_Object_Attr(obj1, "doc_revision@doc_title") = 0 as base doc: QV_Subscribe_Object_Attr
+> QV_Subscribe_Object_Attr(obj1, "doc_revision@chg_ctrl") = 0 as base doc: QV_Subscribe_Object_Attr
+> QV_Subscribe_Object_Attr(obj1, "doc_revision@doc_ctrl_num") = 0 as base doc: QV_Subscribe_Object_Attr
+> QV_Open_Object(obj1) = 0 as base doc: QV_Open_Object
+- QV_Get_Object_Attr(obj1, "doc_revision@doc_ctrl_num") = 0
+2 @-     base doc: IniCtrlEcNumber=ec-1-.
+> QV_Subscribe_Object_Attr(obj1, "doc_type") = 0 as base doc: QV_Subscribe_Object_Attr
+> QV_Subscribe_Object_Attr(obj1, "db_object_id") = 0 as base doc: QV_Subscribe_Object_Attr
+2 @-     site=A-.
+> QV_Set_Object_Attr(obj1, "site", "A") = 0 as base doc: QV_Set_Object_Attr
+2 @-     doc_type=DRW-.
+> QV_Set_Object_Attr(obj1, "doc_type", "DRW") = 0 as base doc: QV_Set_Object_Attr
+- QV_Make_New_Revision(obj1, obj2) = 0
+> QV_Destroy_Object(obj2) = 0 as base doc: QV_MakeNewRevision_Doc
+log @ ...Document New Revision was  created
+- QV_Destroy_List(null) = 0
+> QV_Create_List(list1, "DocVersion") = 0
+2 @ AppendSelect - doc_revision@doc_number.
+> QV_Set_Clause(list1, "Select", "doc_revision@doc_number") = 0
+2 @ AppendSelect - doc_revision@doc_rev_num.
+> QV_Set_Clause(list1, "Select", "doc_revision@doc_rev_num") = 0
+2 @ AppendSelect - db_object_id.
+> QV_Set_Clause(list1, "Select", "db_object_id") = 0
+2 @ AppendWhere - &=(doc_revision@doc_number,'D-1B').
+> QV_Set_Clause(list1, "Where", "&=(doc_revision@doc_number,'D-1B')") = 0
+2 @ AppendWhere - &=(doc_revision@primary_config@db_object_id,db_object_id).
+> QV_Set_Clause(list1, "Where", "&=(doc_revision@primary_config@db_object_id,db_object_id)") = 0
+2 @ AppendWhere - &=(copy_count,0).
+> QV_Set_Clause(list1, "Where", "&=(copy_count,0)") = 0
+> QV_Set_Clause(list1, "OrderBy", "doc_revision@doc_number") = 0
+> QV_Set_Clause(list1, "OrderBy", "doc_revision@doc_rev_num_v") = 0
+> QV_Set_Clause(list1, "OrderBy", "doc_ver_num") = 0
+> QV_Open_List(list1) = 0
+- QV_SizeOf_List(list1, 2) = 0
+- QV_Read_List(list1, 1, obj3) = 0
+- QV_Get_Object_Attr(obj3, "doc_revision@doc_rev_num") = 0
+- QV_Get_Object_Attr(obj3, "db_object_id") = 0
+log @ ... new Revision Number= B  new DbObjectId= 4712
+> QV_Create_Object(obj4, "DocVersion") = 0 as new rev doc: QV_Create_Object
+> QV_Set_Object_Attr(obj4, "db_object_id", "4712") = 0 as new rev doc: QV_Set_Object_Attr
+> QV_Set_Object_Attr(obj4, "doc_revision@doc_title", "") = 0 as new rev doc: QV_Set_Object_Attr
+> QV_Subscribe_Object_Attr(obj4, "doc_primary_fmt@user_data3") = 0 as new rev doc: QV_Subscribe_Object_Attr
+> QV_Subscribe_Object_Attr(obj4, "doc_revision@chg_ctrl") = 0 as new rev doc: QV_Subscribe_Object_Attr
+> QV_Subscribe_Object_Attr(obj4, "doc_revision@doc_ctrl_num") = 0 as new rev doc: QV_Subscribe_Object_Attr
+> QV_Open_Object(obj4) = 0 as new rev doc: QV_Open_Object
+> QV_Set_Object_Attr(obj4, "doc_revision@doc_title", "Bracket 2") = 0 as new rev doc: QV_Set_Object_Attr
+> QV_Set_Object_Attr(obj4, "doc_primary_fmt@user_data3", "oid-7") = 0 as new rev doc: QV_Set_Object_Attr
+2 @-IniCtrlEcNumber=ec-1- EcNumber=ec-1-.
+2 @-   base doc: doc_revision@chg_ctrl=0.
+> QV_Set_Object_Attr(obj1, "doc_revision@chg_ctrl", "0") = 0 as base doc: QV_Set_Object_Attr
+2 @ base doc: Execute Save method.
+> QV_Save_Object(obj1) = 0 as base doc: QV_Save_Object
+2 @-   new rev doc: doc_revision@chg_ctrl=1.
+> QV_Set_Object_Attr(obj4, "doc_revision@chg_ctrl", "1") = 0 as new rev doc: QV_Set_Object_Attr
+2 @-   new rev doc: doc_revision@doc_ctrl_num=ec-1.
+> QV_Set_Object_Attr(obj4, "doc_revision@doc_ctrl_num", "ec-1") = 0 as new rev doc: QV_Set_Object_Attr
+2 @ new rev doc: Execute Save method.
+> QV_Save_Object(obj4) = 0 as new rev doc: QV_Save_Object
+log @ ...Document New Revision was  updated
+- QV_Destroy_Object(obj4) = 0
+- QV_Destroy_Object(obj3) = 0
+2 @...revision B for document D-1B was created.
+= 1 FromList=Object entries=2 LastRecNo=-1 QV_RC=0 SelectedAttribute=[doc_type, db_object_id]
+)--"));
+        EXPECT_EQ(buffers.texts(), "B 4712");
     });
 }
 
@@ -266,46 +155,44 @@ TEST_F(DocumentRevision, TheBaseRevisionIsReleasedOnlyByTheChangeThatControlsIt)
 {
     struct Case {
         std::optional<std::string> controlNumber;
-        std::optional<std::string> ecNumber;
-        bool releasesBase;
+        std::string change;
     };
     for (const Case& tested :
-         {Case{"EC-1", "EC-1", true}, Case{"EC-1", "ec-1", false}, Case{"EC-1", "EC-2", false},
-          Case{"EC-1", "", false}, Case{"EC-1", std::nullopt, false}, Case{"", "EC-1", false},
-          Case{std::nullopt, "EC-1", false}, Case{"", "", false}, Case{std::nullopt, std::nullopt, false}}) {
-        const std::string change = tested.ecNumber.value_or("");
+         {Case{"EC-1", "EC-1"}, Case{"EC-1", "ec-1"}, Case{"EC-1", "EC-2"}, Case{"EC-1", ""},
+          Case{"", "EC-1"}, Case{std::nullopt, "EC-1"}, Case{"", ""}, Case{std::nullopt, ""}}) {
         const std::string control = tested.controlNumber.value_or("");
-        SCOPED_TRACE("base under '" + control + "', new revision under '" + change + "'");
+        SCOPED_TRACE("base under '" + control + "', new revision under '" + tested.change + "'");
         restart();
         connect(2);
         prepare(tested.controlNumber);
         Buffers buffers;
-        Text ecNumber(change);
-        const Outcome outcome = revise(tested.ecNumber ? static_cast<char*>(ecNumber) : nullptr, buffers);
-        EXPECT_EQ(outcome.result, 1);
-        std::string expected;
-        if (tested.releasesBase) {
-            expected =
-                "QV_Set_Object_Attr(obj1, \"doc_revision@chg_ctrl\", \"0\") = 0\nQV_Save_Object(obj1) = 0\n";
-        }
-        const std::string flag = change.empty() ? "0" : "1";
-        expected += "QV_Set_Object_Attr(obj4, \"doc_revision@chg_ctrl\", \"" + flag + "\") = 0\n" +
-                    "QV_Set_Object_Attr(obj4, \"doc_revision@doc_ctrl_num\", \"" + change + "\") = 0\n" +
-                    "QV_Save_Object(obj4) = 0\nQV_Destroy_Object(obj4) = 0\nQV_Destroy_Object(obj3) = 0\n";
-        const std::string before = "\"doc_primary_fmt@user_data3\", \"oid\") = 0\n";
-        EXPECT_EQ(outcome.calls.substr(outcome.calls.find(before) + before.size()), expected);
-        EXPECT_EQ(outcome.output.substr(outcome.output.find("DocumentMakeNewRevision-IniCtrl")),
-                  "DocumentMakeNewRevision-IniCtrlEcNumber=" + control + "- EcNumber=" + change + "-.\n" +
-                      (tested.releasesBase ? "DocumentMakeNewRevision-   base doc: doc_revision@chg_ctrl=0.\n"
-                                             "DocumentMakeNewRevision base doc: Execute Save method.\n"
-                                           : "") +
-                      "DocumentMakeNewRevision-   new rev doc: doc_revision@chg_ctrl=" + flag + ".\n" +
-                      "DocumentMakeNewRevision-   new rev doc: doc_revision@doc_ctrl_num=" + change + ".\n" +
-                      "DocumentMakeNewRevision new rev doc: Execute Save method.\n"
-                      "DocumentMakeNewRevision...revision B for document D-1 was created.\n");
-        EXPECT_EQ(outcome.accessLog.substr(0, outcome.accessLog.find('\n')),
-                  "DocumentMakeNewRevision EcNumber=" + change +
-                      ", DocumentNumber=D-1, RevisionNumber=a, NewRevDocumentTitle=Bracket");
+        const std::string release = control != "EC-1" || tested.change != "EC-1" ? "" : R"(
+2 @-   base doc: doc_revision@chg_ctrl=0.
+> QV_Set_Object_Attr(obj1, "doc_revision@chg_ctrl", "0") = 0 as base doc: QV_Set_Object_Attr
+2 @ base doc: Execute Save method.
+> QV_Save_Object(obj1) = 0 as base doc: QV_Save_Object)";
+        const std::string flag = tested.change.empty() ? "0" : "1";
+        EXPECT_EQ(revise(tested.change, buffers).storyFrom("-IniCtrlEcNumber"),
+                  story(R"(
+DocumentMakeNewRevision:
+2 @-IniCtrlEcNumber=)" + control +
+                        "- EcNumber=" + tested.change + "-." + release + R"(
+2 @-   new rev doc: doc_revision@chg_ctrl=)" +
+                        flag + R"(.
+> QV_Set_Object_Attr(obj4, "doc_revision@chg_ctrl", ")" +
+                        flag + R"(") = 0 as new rev doc: QV_Set_Object_Attr
+2 @-   new rev doc: doc_revision@doc_ctrl_num=)" +
+                        tested.change + R"(.
+> QV_Set_Object_Attr(obj4, "doc_revision@doc_ctrl_num", ")" +
+                        tested.change + R"(") = 0 as new rev doc: QV_Set_Object_Attr
+2 @ new rev doc: Execute Save method.
+> QV_Save_Object(obj4) = 0 as new rev doc: QV_Save_Object
+log @ ...Document New Revision was  updated
+- QV_Destroy_Object(obj4) = 0
+- QV_Destroy_Object(obj3) = 0
+2 @...revision B for document D-1B was created.
+= 1 FromList=Object entries=2 LastRecNo=-1 QV_RC=0 SelectedAttribute=[]
+)"));
     }
 }
 
@@ -315,18 +202,18 @@ TEST_F(DocumentRevision, AFailureKeepsWhatWasDoneBeforeItAndEndsInTheTrace)
     prepare("EC-1");
     standin::answer("QV_Save_Object", -7, {{"E1", "locked"}});
     Buffers buffers;
-    const Outcome outcome = revise(Text("EC-1"), buffers);
-    EXPECT_EQ(outcome.result, 0);
-    EXPECT_EQ(entries, 2);
-    EXPECT_EQ(QV_RC, -7);
-    const std::string end = lines(R"(
-DocumentMakeNewRevision base doc: Execute Save method.
-****** locked .
-DocumentMakeNewRevision...new revision for document D-1 was not created.
-)");
-    EXPECT_EQ(outcome.output.substr(outcome.output.size() - end.size()), end);
-    EXPECT_EQ(harness::countLines(outcome.accessLog, "...Document New Revision was  created"), 1);
-    EXPECT_EQ(harness::countLines(outcome.accessLog, "...Document New Revision was  updated"), 0);
+    const Outcome outcome = revise("EC-1", buffers);
+    EXPECT_EQ(outcome.storyFrom("base doc: Execute Save"), story(R"(
+DocumentMakeNewRevision:
+2 @ base doc: Execute Save method.
+> QV_Save_Object(obj1) = -7 as base doc: QV_Save_Object
+! E1 - locked
+- QV_Destroy_Object(obj4) = 0
+- QV_Destroy_Object(obj3) = 0
+2 @...new revision for document D-1B was not created.
+= 0 FromList=Object entries=2 LastRecNo=-1 QV_RC=-7 SelectedAttribute=[]
+)"));
+    EXPECT_EQ(countLines(outcome.accessLog, "...Document New Revision was  created"), 1);
 }
 
 /** Whatever fails: the buffers are written once the record of the new revision was read, and not before. */
@@ -335,7 +222,7 @@ TEST_F(DocumentRevision, TheBuffersAreWrittenAsSoonAsTheRevisionIsFound)
     connect(-1);
     prepare("EC-1");
     Buffers whole;
-    ASSERT_EQ(revise(Text("EC-1"), whole).result, 1);
+    ASSERT_EQ(revise("EC-1", whole).result, 1);
     const std::vector<standin::Call> clean = standin::calls();
     std::size_t found = 0;
     while (clean.at(found).function != "QV_Read_List") {
@@ -349,62 +236,55 @@ TEST_F(DocumentRevision, TheBuffersAreWrittenAsSoonAsTheRevisionIsFound)
         prepare("EC-1");
         standin::answerCall(number, -7);
         Buffers buffers;
-        const int result = revise(Text("EC-1"), buffers).result;
+        const int result = revise("EC-1", buffers).result;
         // Calls that stop nothing: destroys, reads of values, and those whose failure is only reported.
-        const bool reachesTheRecord = result == 1 || number > found + 1;
-        const bool isValueOfRecord = failed.function == "QV_Get_Object_Attr" && number > found;
-        if (!isValueOfRecord) {
-            EXPECT_STREQ(buffers.number.data(), reachesTheRecord ? "B" : untouched);
-            EXPECT_STREQ(buffers.identifier.data(), reachesTheRecord ? "4712" : untouched);
+        if (failed.function == "QV_Get_Object_Attr" && number > found) {
+            EXPECT_EQ(buffers.texts(), failed.hasText("doc_revision@doc_rev_num") ? " 4712" : "B ");
         } else {
-            const bool isNumber = failed.hasText("doc_revision@doc_rev_num");
-            EXPECT_STREQ(buffers.number.data(), isNumber ? "" : "B");
-            EXPECT_STREQ(buffers.identifier.data(), isNumber ? "4712" : "");
+            EXPECT_EQ(buffers.texts(), result == 1 || number > found + 1 ? "B 4712" : "untouched untouched");
         }
     }
 }
 
 TEST_F(DocumentRevision, WithoutARecordTheWorkEndsQuietly)
 {
-    const auto expectEnd = [](const Outcome& outcome, const Buffers& buffers, const std::string& lastCall) {
-        EXPECT_EQ(outcome.result, 0);
-        EXPECT_STREQ(buffers.number.data(), untouched);
-        EXPECT_STREQ(buffers.identifier.data(), untouched);
-        EXPECT_EQ(outcome.errorLog, "");
-        const std::string end = "DocumentMakeNewRevision...new revision for document D-1 was not created.\n";
-        EXPECT_EQ(outcome.output.substr(outcome.output.size() - end.size()), end);
-        EXPECT_EQ(harness::countLines(outcome.output, "******"), 0);
-        EXPECT_EQ(outcome.calls.substr(outcome.calls.find("QV_SizeOf_List")), lastCall);
-    };
-    const auto reviseWith = [](const std::function<void()>& script, Buffers& buffers) {
+    connect(2);
+    const auto reviseWith = [this](const std::function<void()>& script) {
+        restart();
+        connect(2);
         prepare("EC-1");
         script();
-        return revise(Text("EC-1"), buffers);
+        Buffers buffers;
+        const Outcome outcome = revise("EC-1", buffers);
+        EXPECT_EQ(buffers.texts(), "untouched untouched");
+        return outcome.storyFrom("QV_SizeOf_List");
     };
-    connect(2);
-    Buffers empty;
-    expectEnd(reviseWith([] { standin::setRecords({}); }, empty), empty, "QV_SizeOf_List(list1, 0) = 0\n");
-    EXPECT_EQ(entries, 0);
-    restart();
-    connect(2);
-    Buffers uncounted; // the size stays what it was before the count
-    expectEnd(reviseWith(
-                  [] {
-                      standin::answer("QV_SizeOf_List", -7, {{"E1", "no size"}});
-                  },
-                  uncounted),
-              uncounted, "QV_SizeOf_List(list1, -1) = -7\n");
-    EXPECT_EQ(entries, -1);
-    restart();
-    connect(2);
-    Buffers unread;
-    expectEnd(reviseWith(
-                  [] {
-                      standin::answer("QV_Read_List", -7, {{"E1", "no record"}});
-                  },
-                  unread),
-              unread, "QV_SizeOf_List(list1, 2) = 0\nQV_Read_List(list1, 1, null) = -7\n");
-    EXPECT_EQ(entries, 2);
+    EXPECT_EQ(reviseWith([] { standin::setRecords({}); }), story(R"(
+- QV_SizeOf_List(list1, 0) = 0
+DocumentMakeNewRevision:
+2 @...new revision for document D-1B was not created.
+= 0 FromList=Object entries=0 LastRecNo=-1 QV_RC=0 SelectedAttribute=[]
+)"));
+    // The size stays what it was before the count.
+    EXPECT_EQ(reviseWith([] {
+                  standin::answer("QV_SizeOf_List", -7, {{"E1", "no size"}});
+              }),
+              story(R"(
+- QV_SizeOf_List(list1, -1) = -7
+DocumentMakeNewRevision:
+2 @...new revision for document D-1B was not created.
+= 0 FromList=Object entries=-1 LastRecNo=-1 QV_RC=-7 SelectedAttribute=[]
+)"));
+    EXPECT_EQ(reviseWith([] {
+                  standin::answer("QV_Read_List", -7, {{"E1", "no record"}});
+              }),
+              story(R"(
+- QV_SizeOf_List(list1, 2) = 0
+- QV_Read_List(list1, 1, null) = -7
+DocumentMakeNewRevision:
+2 @...new revision for document D-1B was not created.
+= 0 FromList=Object entries=2 LastRecNo=-1 QV_RC=0 SelectedAttribute=[]
+)"));
 }
 
 TEST_F(DocumentRevision, AHandleIsGivenBackEvenWhereTheCallThatHandedItOverFailed)
@@ -414,16 +294,14 @@ TEST_F(DocumentRevision, AHandleIsGivenBackEvenWhereTheCallThatHandedItOverFaile
     standin::handOver("QV_Make_New_Revision", standin::HandOver::Always);
     standin::answer("QV_Make_New_Revision", -7, {{"E1", "checked out by jdoe"}});
     Buffers buffers;
-    const Outcome outcome = revise(Text("EC-1"), buffers);
-    EXPECT_EQ(outcome.result, 0);
-    EXPECT_EQ(entries, -1);
-    EXPECT_EQ(outcome.calls.substr(outcome.calls.find("QV_Make_New_Revision")),
-              "QV_Make_New_Revision(obj1, obj2) = -7\nQV_Destroy_Object(obj2) = 0\n");
-    EXPECT_EQ(outcome.output, "****** checked out by jdoe .\n");
-    EXPECT_EQ(harness::countLines(outcome.accessLog,
-                                  "DocumentMakeNewRevision- rc(base doc: QV_MakeNewRevision_Doc) = -7"),
-              1);
-    EXPECT_EQ(harness::countLines(outcome.accessLog, "...Document New Revision was "), 0);
+    EXPECT_EQ(revise("EC-1", buffers).storyFrom("QV_Make_New_Revision"), story(R"(
+- QV_Make_New_Revision(obj1, obj2) = -7
+- QV_Destroy_Object(obj2) = 0
+DocumentMakeNewRevision:
+log @- rc(base doc: QV_MakeNewRevision_Doc) = -7
+! E1 - checked out by jdoe
+= 0 FromList=Object entries=-1 LastRecNo=-1 QV_RC=-7 SelectedAttribute=[]
+)"));
 }
 
 TEST_F(DocumentRevision, TheReadingOfTheRecordIsJudgedByItsHandleAlone)
@@ -433,9 +311,9 @@ TEST_F(DocumentRevision, TheReadingOfTheRecordIsJudgedByItsHandleAlone)
     standin::handOver("QV_Read_List", standin::HandOver::Always);
     standin::answer("QV_Read_List", -7, {{"E1", "not told"}});
     Buffers buffers;
-    const Outcome outcome = revise(Text(""), buffers);
+    const Outcome outcome = revise("", buffers);
     EXPECT_EQ(outcome.result, 1);
-    EXPECT_STREQ(buffers.number.data(), "B");
+    EXPECT_EQ(buffers.texts(), "B 4712");
     EXPECT_EQ(outcome.output, "");
 }
 
@@ -444,7 +322,7 @@ TEST_F(DocumentRevision, TheNewRevisionsHandleIsGivenBackEvenWhereItsCreationFai
     connect();
     prepare("");
     Buffers buffers;
-    revise(Text(""), buffers);
+    revise("", buffers);
     std::size_t creation = standin::calls().size();
     while (standin::calls().at(creation - 1).function != "QV_Create_Object") {
         --creation;
@@ -453,39 +331,48 @@ TEST_F(DocumentRevision, TheNewRevisionsHandleIsGivenBackEvenWhereItsCreationFai
     connect();
     prepare("");
     standin::handOver("QV_Create_Object", standin::HandOver::Always);
-    standin::answerCall(creation, -7);
-    const Outcome failed = revise(Text(""), buffers);
-    EXPECT_EQ(failed.result, 0);
-    EXPECT_EQ(failed.calls.substr(failed.calls.rfind("QV_Create_Object")), lines(R"(
-QV_Create_Object(obj4, "DocVersion") = -7
-QV_Destroy_Object(obj4) = 0
-QV_Destroy_Object(obj3) = 0
+    standin::answerCall(creation, -7, {{"E1", "refused"}});
+    EXPECT_EQ(revise("", buffers).storyFrom("QV_Create_Object(obj4"), story(R"(
+DocumentMakeNewRevision:
+> QV_Create_Object(obj4, "DocVersion") = -7 as new rev doc: QV_Create_Object
+! E1 - refused
+- QV_Destroy_Object(obj4) = 0
+- QV_Destroy_Object(obj3) = 0
+= 0 FromList=Object entries=2 LastRecNo=-1 QV_RC=-7 SelectedAttribute=[]
 )"));
 }
 
 TEST_F(DocumentRevision, ADocumentNumberThatDoesNotFitTheClauseIsRefusedBeforeARevisionIsMade)
 {
-    const auto reviseDocument = [](const std::string& number) {
-        Buffers buffers;
-        return record([&] {
-            return DocumentMakeNewRevision(Text(""), Text(number), Text("a"), Text("t"), Text("o"), nullptr,
-                                           buffers.number.data(), buffers.identifier.data());
-        });
-    };
     connect();
     prepare("");
-    EXPECT_EQ(reviseDocument(std::string(49, 'D')).result, 1);
-    EXPECT_EQ(harness::countLines(standin::transcript(),
-                                  "&=(doc_revision@doc_number,'" + std::string(49, 'D') + "')"),
-              1);
-    const Outcome refused = reviseDocument(std::string(50, 'D'));
-    EXPECT_EQ(refused.result, 0);
-    EXPECT_EQ(QV_RC, -1);
-    EXPECT_EQ(harness::countLines(refused.calls, "QV_Make_New_Revision"), 0);
-    EXPECT_EQ(harness::countLines(refused.calls, "QV_Set_Clause"), 0);
-    for (const std::string& told : {refused.output, refused.accessLog, refused.errorLog, lastError()}) {
-        EXPECT_EQ(harness::countLines(told, "documentNumber has 50 characters; at most 49"), 1);
-    }
+    Buffers buffers;
+    const std::string longest(49, 'D');
+    const Outcome whole = revise("", buffers, {longest});
+    EXPECT_EQ(whole.result, 1);
+    EXPECT_EQ(countLines(whole.calls, "&=(doc_revision@doc_number,'" + longest + "')"), 1);
+    EXPECT_EQ(revise("", buffers, {longest + 'D'}).storyFrom("SystemPartnerOid"), story(R"(
+DocumentMakeNewRevision:
+log @    SystemPartnerOid= oid-7
+log @- rc(AppendWhere- QV_Set_Clause-Where) = -1
+! -1 - documentNumber has 50 characters; at most 49 fit the clause &=(doc_revision@doc_number,'...')
+= 0 FromList=Object entries=-1 LastRecNo=-1 QV_RC=-1 SelectedAttribute=[]
+)"));
+    EXPECT_EQ(revise("", buffers, {std::string(10000, 'D')}).result, 0);
+}
+
+TEST_F(DocumentRevision, AMissingDocumentNumberIsAnEmptyOne)
+{
+    connect();
+    prepare("");
+    std::array<char, 10> number{};
+    const Outcome outcome = record([&] {
+        return DocumentMakeNewRevision(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, number.data(),
+                                       nullptr);
+    });
+    EXPECT_EQ(outcome.result, 1);
+    EXPECT_EQ(countLines(outcome.calls, "\"&=(doc_revision@doc_number,'')\""), 1);
+    EXPECT_STREQ(number.data(), "B");
 }
 
 TEST_F(DocumentRevision, TheLogLineOfTheInputsIsCutTo255Characters)
@@ -494,17 +381,14 @@ TEST_F(DocumentRevision, TheLogLineOfTheInputsIsCutTo255Characters)
     prepare("");
     Buffers buffers;
     const std::string title(300, 't');
-    const Outcome outcome = record([&] {
-        return DocumentMakeNewRevision(Text("EC"), Text("D"), Text("a"), Text(title), Text("o"), nullptr,
-                                       buffers.number.data(), buffers.identifier.data());
-    });
+    const Outcome outcome = revise("EC", buffers, {"D", title});
     EXPECT_EQ(outcome.result, 1);
     // The labels and the three short inputs take 69 characters.
     EXPECT_EQ(
         outcome.accessLog.substr(0, outcome.accessLog.find('\n')),
         "DocumentMakeNewRevision EcNumber=EC, DocumentNumber=D, RevisionNumber=a, NewRevDocumentTitle=" +
             title.substr(0, 255 - 69));
-    EXPECT_EQ(harness::countLines(outcome.calls, '"' + title + '"'), 1);
+    EXPECT_EQ(countLines(outcome.calls, '"' + title + '"'), 1);
 }
 
 TEST_F(DocumentRevision, ValuesOfTheLargestSizeComeBackWhole)
@@ -514,9 +398,8 @@ TEST_F(DocumentRevision, ValuesOfTheLargestSizeComeBackWhole)
     const std::string identifier(QV_MAX_VALUE_LENGTH, 'i');
     standin::setRecords({{{"doc_revision@doc_rev_num", number}, {"db_object_id", identifier}}});
     Buffers buffers;
-    EXPECT_EQ(revise(Text(""), buffers).result, 1);
-    EXPECT_EQ(buffers.number.data(), number);
-    EXPECT_EQ(buffers.identifier.data(), identifier);
+    EXPECT_EQ(revise("", buffers).result, 1);
+    EXPECT_EQ(buffers.texts(), number + ' ' + identifier);
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <deque>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -44,6 +45,7 @@ struct Answer {
 
 struct State {
     std::vector<Call> calls;
+    std::function<void(const Call&)> observer;
     std::map<std::size_t, Answer> callAnswers;
     std::map<std::string, Answer> functionAnswers;
     std::map<std::string, HandOver> handOvers;

@@ -76,6 +76,11 @@ void forgetCalls()
     state().calls.clear();
 }
 
+void observe(std::function<void(const Call&)> observer)
+{
+    state().observer = std::move(observer);
+}
+
 void answerCall(std::size_t number, int code, std::vector<Message> messages)
 {
     state().callAnswers[number] = {code, std::move(messages)};
@@ -177,6 +182,9 @@ int CallRecorder::code()
 {
     call_.code = answer_.code;
     state().calls.push_back(call_);
+    if (state().observer) {
+        state().observer(call_);
+    }
     // What a failed call handed over may be given back before the failure is reported.
     if (!succeeds() || call_.function != "QV_Destroy_Object") {
         state().lastCallFailed = !succeeds();

@@ -17,6 +17,7 @@
 #define VELRZM_TESTS_STANDIN_STANDIN_H
 
 #include <cstddef>
+#include <functional>
 #include <initializer_list>
 #include <map>
 #include <optional>
@@ -61,6 +62,8 @@ const std::vector<Call>& calls();
 std::string transcript();
 /** Starts recording and counting afresh; handles and script stay. */
 void forgetCalls();
+/** Has `observer` told of each call as it is made; an empty one ends that. */
+void observe(std::function<void(const Call&)> observer);
 
 // What is answered. A negative code fails the call, and its messages are kept for the message functions.
 /** Answers call `number`, counted from 1 since the last reset or forgetCalls. */

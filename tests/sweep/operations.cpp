@@ -1,9 +1,85 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/sweep/operations.h"
 
+#include <cstdlib>
 #include <ostream>
 
+#include "tests/harness/files.h"
+#include "tests/standin/standin.h"
+
 namespace sweep {
+
+Inputs::Inputs(std::optional<std::string> text, const std::vector<std::string>& names)
+    : text_(std::move(text)), names_(names), nameList_(harness::textList(names)),
+      pair_(harness::textList({text_ ? text_->c_str() : nullptr}))
+{}
+
+char* Inputs::text(int number)
+{
+    return text_ ? copies_.insert_or_assign(number, *text_).first->second.data() : nullptr;
+}
+
+Operation& Operation::goingOn(std::vector<CallPattern> calls)
+{
+    goesOn = std::move(calls);
+    return *this;
+}
+
+Operation& Operation::notChecking(std::vector<CallPattern> calls)
+{
+    unchecked = std::move(calls);
+    return *this;
+}
+
+Operation& Operation::elsewhere(std::vector<CallPattern> calls)
+{
+    testedElsewhere = std::move(calls);
+    return *this;
+}
+
+Operation& Operation::reportedAs(const std::string& reporter)
+{
+    prefix = reporter;
+    return *this;
+}
+
+Operation& Operation::takes(const std::string& eachText, int calls)
+{
+    texts = eachText;
+    carriers = calls;
+    return *this;
+}
+
+Operation& Operation::takesNames(int end)
+{
+    endSlot = end;
+    return *this;
+}
+
+Operation& Operation::takesNameList(int end)
+{
+    firstSlot = 1;
+    endSlot = end;
+    return *this;
+}
+
+Operation& Operation::usesDefaults(const std::string& of, int used, int set)
+{
+    defaults = of;
+    defaultsUsed = used;
+    defaultsSet = set;
+    return *this;
+}
+
+Operation onObject(const std::string& name, std::function<int(Inputs&)> run)
+{
+    return {name, std::move(run), "Object", {{"QV_Destroy_Object"}}};
+}
+
+Operation onList(const std::string& name, std::function<int(Inputs&)> run)
+{
+    return {name, std::move(run), "List", {{"QV_Destroy_List"}}};
+}
 
 void PrintTo(const Operation& operation, std::ostream* stream)
 {
@@ -13,11 +89,21 @@ void PrintTo(const Operation& operation, std::ostream* stream)
 std::vector<Operation> allOperations()
 {
     std::vector<Operation> all;
-    for (const auto& family : {engineeringChanges(), affectedItems(), items(), documents(),
-                               productStructure(), productConfiguration()}) {
+    for (const auto& family : {changesAndItems(), documents(), productStructure()}) {
         all.insert(all.end(), family.begin(), family.end());
     }
     return all;
+}
+
+void prepare(const Operation& operation)
+{
+    if (!operation.defaults.empty()) {
+        harness::writeFile("QVL_RZM_DEFAULT",
+                           operation.defaults + " unit EA\n" + operation.defaults + " site A\n");
+    }
+    setenv("QVL_BOM_HEADER_CREATE", "YES", 1); // the fixture takes it back
+    standin::setValue("doc_revision@doc_ctrl_num", "EC-1");
+    standin::setRecords({{}, {{"doc_revision@doc_rev_num", "2"}, {"db_object_id", "4711"}}});
 }
 
 } // namespace sweep

@@ -1,22 +1,51 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// The operations as the failing-call sweep sees them. Each family has a file of rows; operations.cpp joins
-// them.
+// A table of all operations, for what holds for each of them: one row says how an operation is used and what
+// is its own. Each family has a file of rows; operations.cpp joins them.
 #ifndef VELRZM_TESTS_SWEEP_OPERATIONS_H
 #define VELRZM_TESTS_SWEEP_OPERATIONS_H
 
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "tests/harness/texts.h"
+
 namespace sweep {
 
-/** Calls of an operation: those of `function` that pass the text `argument`; empty: every call of the
- * function. */
+using List = VELListValVELUnicodeString;
+
+/**
+ * One text for every argument of a use, each time in memory of its own, and the names to read back. Without a
+ * text every argument is a null pointer, the array of names too.
+ */
+class Inputs {
+public:
+    Inputs(std::optional<std::string> text, const std::vector<std::string>& names);
+
+    /** The text for text argument `number`, counted from 0. */
+    char* text(int number);
+    /** What the operation made of it. */
+    const std::string& textAfterwards(int number) const { return copies_.at(number); }
+    char** names() { return text_ ? static_cast<char**>(names_) : nullptr; }
+    List& nameList() { return nameList_; }
+    /** The names and the values of one further attribute. */
+    List& pair() { return pair_; }
+
+private:
+    std::optional<std::string> text_;
+    std::map<int, std::string> copies_;
+    harness::Names names_;
+    List nameList_;
+    List pair_;
+};
+
+/** Calls of an operation: those of `function` that pass the text `argument`; empty: every call of the function. */
 struct CallPattern {
     std::string function;
-    std::string argument;
+    std::string argument = {};
     /** What the report of a failure names when it is not the operation's own prefix. */
     std::string reporter = {};
     /** A second text that the call passes as well. */
@@ -25,36 +54,68 @@ struct CallPattern {
 
 struct Operation {
     std::string name;
-    /** One use of the operation with every optional input given, so that no call is left out. */
-    std::function<int()> run;
-    /** Defaults files, records and the like; called before each use, in an empty working directory. */
-    std::function<void()> prepare;
+    std::function<int(Inputs&)> run;
     /** What `FromList` says afterwards. */
     std::string resultKind;
-    /** Calls whose failure is reported and does not stop the operation; every other one stops it. */
-    std::vector<CallPattern> goesOn;
+
+    // ---- Its calls ----
+
     /** Calls that are not checked: their failure is not even reported. */
     std::vector<CallPattern> unchecked;
-    /** What the reports of failures name when it is not the operation's name. */
-    std::string prefix = {};
+    /** Calls whose failure is reported and does not stop the operation; every other one stops it. */
+    std::vector<CallPattern> goesOn = {};
     /** Calls whose failure changes the calls that follow; each has a test of its own. */
     std::vector<CallPattern> testedElsewhere = {};
+    /** What the reports of failures name when it is not the operation's name. */
+    std::string prefix = {};
     /** Whether it destroys handles of its own at the end and returns its own code in place of `entries`. */
     bool hasOwnHandles = false;
+
+    // ---- Its inputs ----
+
+    /** A letter for each text: "U" where the caller's text is turned to upper case, "-" where it is not. */
+    std::string texts = {};
+    /** How many calls carry a given text; 0 when a long one is refused. */
+    int carriers = 0;
+    /** The slots that the names to read back are captured into; the end is 0 when there are no names. */
+    int firstSlot = 0;
+    int endSlot = 0;
+    /** Under which name its defaults are found; "" when it has none. */
+    std::string defaults = {};
+    /** How many it uses, and how many of 60 it sets. */
+    int defaultsUsed = 0;
+    int defaultsSet = 0;
+
+    // ---- Writing a row ----
+
+    Operation& goingOn(std::vector<CallPattern> calls);
+    Operation& notChecking(std::vector<CallPattern> calls);
+    Operation& elsewhere(std::vector<CallPattern> calls);
+    Operation& reportedAs(const std::string& reporter);
+    Operation& takes(const std::string& eachText, int calls);
+    /** An array of names, captured from slot 0 on. */
+    Operation& takesNames(int end);
+    /** A list of names, captured from slot 1 on. */
+    Operation& takesNameList(int end);
+    Operation& usesDefaults(const std::string& of, int used, int set);
 };
+
+/** A row of an operation on the current object, or on the current list. */
+Operation onObject(const std::string& name, std::function<int(Inputs&)> run);
+Operation onList(const std::string& name, std::function<int(Inputs&)> run);
 
 /** Shows the name in the output of a failing test. */
 void PrintTo(const Operation& operation, std::ostream* stream);
 
-std::vector<Operation> engineeringChanges();
-std::vector<Operation> affectedItems();
-std::vector<Operation> items();
+std::vector<Operation> changesAndItems();
 std::vector<Operation> documents();
 std::vector<Operation> productStructure();
-std::vector<Operation> productConfiguration();
 
 /** Every operation. */
 std::vector<Operation> allOperations();
+
+/** Prepares a process for an operation so that it makes all its calls: two defaults, and what the server finds. */
+void prepare(const Operation& operation);
 
 } // namespace sweep
 

@@ -1,105 +1,91 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <velrzm/velrzm.h>
 
-#include "tests/harness/files.h"
-#include "tests/harness/texts.h"
-#include "tests/standin/standin.h"
-#include "tests/sweep/operations.h"
+#include <array>
 
-using harness::Names;
-using harness::Text;
+#include "tests/sweep/operations.h"
 
 namespace sweep {
 
 namespace {
 
-const std::vector<CallPattern> updateCount{{"QV_Set_Object_Attr", "update_count"}};
-const std::vector<CallPattern> destroys{{"QV_Destroy_Object", ""}};
+const std::vector<CallPattern> updateCountIsSet{{"QV_Set_Object_Attr", "update_count"}};
 
 std::vector<Operation> billsOfMaterial()
 {
-    return {{"BomHeaderCreate",
-             [] { return BomHeaderCreate(Text("EC-1"), Text("BR-1"), Names({"db_object_id"})); },
-             [] {},
-             "Object",
-             {},
-             destroys,
-             "",
-             {{"QV_Open_Object", ""}}},
-            {"BomExplode",
-             [] {
-                 return BomExplode(Names({"item_number", "max_level"}), Names({"BR-1", "2"}),
-                                   Names({"level", "comp_item_number"}));
-             },
-             [] {
-                 standin::setRecords({{}, {}, {}});
-             },
-             "List",
-             {{"QV_Destroy_List", "", "DestroyListOrReport"}},
-             {},
-             "",
-             {{"QV_Destroy_Report", ""}}}};
+    return {
+        // There is a header: the names are not asked for, and the defaults not set.
+        onObject("BomHeaderCreate",
+                 [](Inputs& in) { return BomHeaderCreate(in.text(0), in.text(1), in.names()); })
+            .takes("UU", 2)
+            .usesDefaults("BomHeaderCreate", 19, 0)
+            .elsewhere({{"QV_Open_Object"}}),
+        onList("BomExplode",
+               [](Inputs& in) {
+                   std::array<char*, 3> values{in.text(0), in.text(1), nullptr};
+                   return BomExplode(harness::Names({"item_number", "max_level"}), values.data(), in.names());
+               })
+            .takes("--", 2)
+            .takesNames(50)
+            .notChecking({})
+            .goingOn({{"QV_Destroy_List", "", "DestroyListOrReport"}})
+            .elsewhere({{"QV_Destroy_Report"}}),
+    };
 }
 
 std::vector<Operation> components()
 {
     return {
-        {"ComponentCreate",
-         [] {
-             return ComponentCreate(Text("EC-1"), Text("BR-1"), Text("PL-2"), Text("10"), Text("P"),
-                                    Names({"db_object_id", "il_ec_number"}));
-         },
-         [] {}, "Object", updateCount, destroys},
-        {"ComponentDelete",
-         [] { return ComponentDelete(Text("4711"), Text("EC-1"), Text("BR-1"), Text("PL-2"), Text("10")); },
-         [] {},
-         "Object",
-         {},
-         destroys,
-         "ComponentDelete- "},
-        {"ComponentOpen",
-         [] {
-             auto names = harness::textList({"db_object_id", "update_count"});
-             return ComponentOpen(Text("4711"), Text("EC-1"), names);
-         },
-         [] {},
-         "Object",
-         {},
-         destroys}};
+        onObject("ComponentCreate",
+                 [](Inputs& in) {
+                     return ComponentCreate(in.text(0), in.text(1), in.text(2), in.text(3), in.text(4),
+                                            in.names());
+                 })
+            .takes("-----", 5)
+            .takesNames(30)
+            .goingOn(updateCountIsSet),
+        onObject("ComponentDelete",
+                 [](Inputs& in) {
+                     return ComponentDelete(in.text(0), in.text(1), in.text(2), in.text(3), in.text(4));
+                 })
+            .takes("-----", 5)
+            .reportedAs("ComponentDelete- "),
+        onObject("ComponentOpen",
+                 [](Inputs& in) { return ComponentOpen(in.text(0), in.text(1), in.nameList()); })
+            .takes("-U", 2)
+            .takesNameList(50),
+    };
 }
 
 std::vector<Operation> references()
 {
-    return {{"ComponentReferenceSave",
-             [] {
-                 return ComponentReferenceSave(Text("EC-1"), Text("BR-1"), Text("PL-2"), Text("10"),
-                                               Text("xref"), Names({"db_object_id", "comp_ref_xref"}));
-             },
-             [] {}, "Object", updateCount, destroys},
-            {"ComponentReferenceDelete",
-             [] { return ComponentReferenceDelete(Text("4711"), Text("EC-1")); },
-             [] {},
-             "Object",
-             {},
-             destroys,
-             "ComponentReferenceDelete- "},
-            {"ItemReferenceCreate",
-             [] {
-                 return ItemReferenceCreate(Text("EC-1"), Text("BR-1"), Text("D-1"), Text("1"), Text("oid"),
-                                            Names({"db_object_id", "item_ref_xref"}));
-             },
-             [] {
-                 harness::writeFile("QVL_RZM_DEFAULT",
-                                    "ItemReferenceCreate site A\nItemReferenceCreate kind DRW\n");
-             },
-             "Object", updateCount, destroys},
-            {"ItemReferenceDelete",
-             [] { return ItemReferenceDelete(Text("4711"), Text("EC-1")); },
-             [] {},
-             "Object",
-             {},
-             destroys,
-             "ItemReferenceDelete- "}};
+    return {
+        onObject("ComponentReferenceSave",
+                 [](Inputs& in) {
+                     return ComponentReferenceSave(in.text(0), in.text(1), in.text(2), in.text(3), in.text(4),
+                                                   in.names());
+                 })
+            .takes("-----", 5)
+            .takesNames(30)
+            .goingOn(updateCountIsSet),
+        onObject("ComponentReferenceDelete",
+                 [](Inputs& in) { return ComponentReferenceDelete(in.text(0), in.text(1)); })
+            .takes("--", 2)
+            .reportedAs("ComponentReferenceDelete- "),
+        onObject("ItemReferenceCreate",
+                 [](Inputs& in) {
+                     return ItemReferenceCreate(in.text(0), in.text(1), in.text(2), in.text(3), in.text(4),
+                                                in.names());
+                 })
+            .takes("UUU--", 5)
+            .takesNames(30)
+            .usesDefaults("ItemReferenceCreate", 19, 19)
+            .goingOn(updateCountIsSet),
+        onObject("ItemReferenceDelete",
+                 [](Inputs& in) { return ItemReferenceDelete(in.text(0), in.text(1)); })
+            .takes("--", 2)
+            .reportedAs("ItemReferenceDelete- "),
+    };
 }
 
 } // namespace

@@ -67,11 +67,16 @@ protected:
     {
         restart();
         connect(0);
-        GetParam().prepare();
-        harness::captureOutput([] { EXPECT_GT(GetParam().run(), 0); });
+        sweep::prepare(GetParam());
+        harness::captureOutput([] { EXPECT_GT(use(), 0); });
         script();
-        const Outcome outcome = record(GetParam().run);
+        const Outcome outcome = record(use);
         return {outcome, standin::calls(), LastRecNo};
+    }
+    static int use()
+    {
+        sweep::Inputs inputs("EC-1", {"db_object_id", "doc_type"});
+        return GetParam().run(inputs);
     }
     void failCall(std::size_t number, const Trial& clean);
     static void expectPatternsOccur(const Trial& clean, const std::vector<CallPattern>& patterns);
