@@ -60,12 +60,9 @@ XlatRead:
 5 @-     XlatName=COLOUR_TAB.
 log @ colour COLOUR_TAB
 > QV_SizeOf_Xlat("COLOUR_TAB", 3) = 0
-5 @- XlatSize=3-.
-> QV_Read_Xlat("COLOUR_TAB", 0) = 0 as QV_ReadXlat
-9 @- 0-1<=>red<.
-> QV_Read_Xlat("COLOUR_TAB", 1) = 0 as QV_ReadXlat
-9 @- 1-2<=><.
-> QV_Read_Xlat("COLOUR_TAB", 2) = 0 as QV_ReadXlat
+5 @- XlatSize=3-. > QV_Read_Xlat("COLOUR_TAB", 0) = 0 as QV_ReadXlat
+9 @- 0-1<=>red<. > QV_Read_Xlat("COLOUR_TAB", 1) = 0 as QV_ReadXlat
+9 @- 1-2<=><. > QV_Read_Xlat("COLOUR_TAB", 2) = 0 as QV_ReadXlat
 9 @- 2-3<=>blue<.
 5 @- 1=red.
 log @ 1 <=> red
@@ -90,12 +87,9 @@ XlatRead2:
 2 @-----Start---- XlatName=COLOUR_TAB.
 log @ COLOUR_TAB
 > QV_SizeOf_Xlat("COLOUR_TAB", 3) = 0
-5 @- XlatSize=3-.
-> QV_Read_Xlat("COLOUR_TAB", 0) = 0 as QV_ReadXlat
-9 @- 0-1<=>red<.
-> QV_Read_Xlat("COLOUR_TAB", 1) = 0 as QV_ReadXlat
-9 @- 1-2<=><.
-> QV_Read_Xlat("COLOUR_TAB", 2) = 0 as QV_ReadXlat
+5 @- XlatSize=3-. > QV_Read_Xlat("COLOUR_TAB", 0) = 0 as QV_ReadXlat
+9 @- 0-1<=>red<. > QV_Read_Xlat("COLOUR_TAB", 1) = 0 as QV_ReadXlat
+9 @- 1-2<=><. > QV_Read_Xlat("COLOUR_TAB", 2) = 0 as QV_ReadXlat
 9 @- 2-3<=>blue<.
 5 @- 1=red.
 log @ 1 <=> red

@@ -68,10 +68,8 @@ err *****     (logging all SDK errors returned by Quorvanemastr)    *****
 err *********************************************************************
 0 RZM 424.1 / QV 340.
 QvConnect:
-0 @ --- Connecting to Quorvanemaster: trying .....
-> QV_Open_Env() = 0
-0 @ --- Loging as user jdoe: trying .....
-> QV_Logon("jdoe", "secret", "", "") = 0 as QV_Logon "" ""
+0 @ --- Connecting to Quorvanemaster: trying ..... > QV_Open_Env() = 0
+0 @ --- Loging as user jdoe: trying ..... > QV_Logon("jdoe", "secret", "", "") = 0 as QV_Logon "" ""
 1 @ --- ************************************.
 1 @ --- *** @- RC(QV_Logon)=0.
 1 @ --- ************************************.
@@ -191,8 +189,7 @@ TEST_F(Connection, AnEnvironmentThatDoesNotOpenIsReportedAndTriedAgain)
     const Outcome refused = firstConnect(5);
     EXPECT_EQ(refused.storyFrom("Connecting to"), story(R"(
 QvConnect:
-0 @ --- Connecting to Quorvanemaster: trying .....
-> QV_Open_Env() = -7
+0 @ --- Connecting to Quorvanemaster: trying ..... > QV_Open_Env() = -7
 ! E1 - No licence
 = 0 FromList= entries=0 LastRecNo=0 QV_RC=-7 SelectedAttribute=[]
 )"));
@@ -219,8 +216,7 @@ TEST_F(Connection, ALogonThatIsRefusedIsReportedAndTriedAgainInTheOpenEnvironmen
         EXPECT_EQ(first.errorLog, logHeader(errorBanner) + errorBlock("QvConnect", "Unknown user "));
         EXPECT_EQ(record(logOn).story, story(R"(
 QvConnect:
-0 @ --- Loging as user jdoe: trying .....
-> QV_Logon("jdoe", "secret", "", "") = -7 as QV_Logon "" ""
+0 @ --- Loging as user jdoe: trying ..... > QV_Logon("jdoe", "secret", "", "") = -7 as QV_Logon "" ""
 ! E1 - Unknown user
 1 @ --- ************************************.
 1 @ --- *** @- RC(QV_Logon)=-7.
@@ -275,8 +271,7 @@ TEST_F(Connection, ExitDestroysListAndReportLogsOffAndClosesEverything)
         ASSERT_EQ(QV_Generate_Report(QV_RepPtr, &QV_ListPtr), 0);
         EXPECT_EQ(exitLibrary().story, story(R"(
 DestroyListOrReport:
-2 @-----Start-------.
-> QV_Destroy_Report(report1) = 0
+2 @-----Start-------. > QV_Destroy_Report(report1) = 0
 > QV_Destroy_List(list1) = 0
 2 @-----Exit--------.
 QvExit:

@@ -54,8 +54,7 @@ TEST_F(CurrentResult, DestroyListOrReportLeavesTheRestOfTheResult)
     makeListAndReport();
     EXPECT_EQ(record(DestroyListOrReport).story, story(R"(
 DestroyListOrReport:
-2 @-----Start-------.
-> QV_Destroy_Report(report1) = 0
+2 @-----Start-------. > QV_Destroy_Report(report1) = 0
 > QV_Destroy_List(list1) = 0
 2 @-----Exit--------.
 = 1 FromList=Object entries=1 LastRecNo=-1 QV_RC=0 SelectedAttribute=[id, desc]
@@ -72,8 +71,7 @@ TEST_F(CurrentResult, AReportThatIsNotDestroyedKeepsTheListFromBeingDestroyed)
     standin::answer("QV_Destroy_Report", -7, {{"E1", "Busy"}});
     EXPECT_EQ(record(DestroyListOrReport).story, story(R"(
 DestroyListOrReport:
-2 @-----Start-------.
-> QV_Destroy_Report(report1) = -7
+2 @-----Start-------. > QV_Destroy_Report(report1) = -7
 ! E1 - Busy
 2 @-----Exit--------.
 = 1 FromList= entries=0 LastRecNo=0 QV_RC=-7 SelectedAttribute=[]
@@ -110,22 +108,6 @@ TEST_F(CurrentResult, AnObjectOperationLeavesTheListAlive)
     EXPECT_EQ(GetValue(0, "id", value), 1);
     EXPECT_STREQ(value, "EC-OBJECT");
     EXPECT_EQ(GetValue(1, "id", value), 0);
-}
-
-TEST_F(CurrentResult, ACreateThatFailsLeavesAnEmptyObjectResult)
-{
-    connect();
-    Names names({"id"});
-    EXPECT_EQ(open(names), 1);
-    standin::answer("QV_Create_Object", -7, {{"E1", "No class"}});
-    EXPECT_EQ(record([&] { return open(names); }).story, story(R"(
-- QV_Destroy_Object(obj1) = 0
-EngineeringChangeOpen:
-> QV_Create_Object(null, "EngineeringChange") = -7
-! E1 - No class
-= 0 FromList=Object entries=0 LastRecNo=-1 QV_RC=-7 SelectedAttribute=[id]
-)"));
-    EXPECT_EQ(QV_ObjPtr, nullptr);
 }
 
 } // namespace

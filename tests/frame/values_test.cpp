@@ -129,8 +129,7 @@ TEST_F(Values, AListRecordIsFetchedOnceAndKeptUntilAnotherIsAskedFor)
         EXPECT_EQ(byName(2, "id").story, story(R"(
 GetValue:
 9 @- LastRecNo=-1- RecNo=2- Name=id- out of 3 entries.
-9 @-name=id-.
-> QV_Read_List(list1, 2, obj1) = 0
+9 @-name=id-. > QV_Read_List(list1, 2, obj1) = 0
 - QV_Get_Object_Attr(obj1, "id") = 0
 log            -----------------
 log             id = EC-2
@@ -145,8 +144,7 @@ log             id = EC-2
         EXPECT_EQ(byName(0, "id").story, story(R"(
 GetValue:
 9 @- LastRecNo=2- RecNo=0- Name=id- out of 3 entries.
-9 @-name=id-.
-> QV_Destroy_Object(obj1) = 0
+9 @-name=id-. > QV_Destroy_Object(obj1) = 0
 > QV_Read_List(list1, 0, obj2) = 0
 - QV_Get_Object_Attr(obj2, "id") = 0
 log            -----------------
@@ -165,8 +163,7 @@ TEST_F(Values, BothReadersShareTheRecordAtHand)
         LastAttNo = 1;
         EXPECT_EQ(bySlot(1, 0).story, story(R"(
 GetAttributeValue:
-9 @- LastRecNo=-1- RecNo=1- AttNo=0-.
-> QV_Read_List(list1, 1, obj1) = 0
+9 @- LastRecNo=-1- RecNo=1- AttNo=0-. > QV_Read_List(list1, 1, obj1) = 0
 - QV_Get_Object_Attr(obj1, "id") = 0
 log            -----------------
 log             id = EC-1
@@ -305,8 +302,7 @@ TEST_F(Values, ARecordThatCannotBeFetchedIsReportedAndGivesNothing)
         EXPECT_EQ(byName(0, "id").story, story(R"(
 GetValue:
 9 @- LastRecNo=-1- RecNo=0- Name=id- out of 3 entries.
-9 @-name=id-.
-> QV_Read_List(list1, 0, null) = -7
+9 @-name=id-. > QV_Read_List(list1, 0, null) = -7
 ! E1 - Lost
 0 @- ****** ERROR ****** Invalid QV_ObjPtr handle ******.
 log @ ****** ERROR ****** Invalid QV_ObjPtr handle ******
@@ -315,8 +311,7 @@ log @ ****** ERROR ****** Invalid QV_ObjPtr handle ******
         EXPECT_STREQ(value_, "");
         EXPECT_EQ(bySlot(1, 1).story, story(R"(
 GetAttributeValue:
-9 @- LastRecNo=-1- RecNo=1- AttNo=1-.
-> QV_Read_List(list1, 1, null) = -7
+9 @- LastRecNo=-1- RecNo=1- AttNo=1-. > QV_Read_List(list1, 1, null) = -7
 ! E1 - Lost
 0 @- ****** ERROR ****** Invalid QV_ObjPtr handle ******.
 log @ ****** ERROR ****** Invalid QV_ObjPtr handle ******

@@ -127,7 +127,11 @@ public:
         if (sign == "log" || sign == "err") {
             add(sign + ' ', text);
         } else if (sign == "*" || (sign.size() == 1 && sign >= "0" && sign <= "9")) {
-            show(sign == "*" ? QVL_Traces_Level : std::stoi(sign), text);
+            const std::size_t call = text.find(" > QV_");
+            show(sign == "*" ? QVL_Traces_Level : std::stoi(sign), text.substr(0, call));
+            if (call != std::string::npos) {
+                tellCheckedCall(text.substr(call + 3));
+            }
         } else if (sign == "-") {
             add("call", text);
         } else if (sign == ">") {
@@ -135,14 +139,14 @@ public:
         } else if (sign == "!") {
             tellFailure(text);
         } else if (sign == "=") {
-            story_ += errors_ + line + '\n';
+            story_ += std::exchange(errors_, "") + line + '\n';
         } else if (line.back() == ':') {
             writer_ = line.substr(0, line.size() - 1);
         } else {
             throw std::invalid_argument("no line of a story: " + line);
         }
     }
-    const std::string& story() const { return story_; }
+    std::string story() const { return story_ + errors_; }
 
 private:
     void add(const std::string& channel, std::string text)

@@ -5,11 +5,11 @@
 //
 //     EXPECT_EQ(outcome.story, story(R"(
 //     BomHeaderCreate:
-//     2 @- Open BomHeader Object.
 //     log @ - ItemNumber= BR-1
 //     - QV_Destroy_Object(null) = 0
-//     > QV_Set_Object_Attr(obj1, "site", "A") = 0
-//     > QV_Open_Object(obj1) = -7
+//     > QV_Create_Object(obj1, "BomHeader") = 0
+//     2 @-     site=A-. > QV_Set_Object_Attr(obj1, "site", "A") = 0
+//     2 @- Open BomHeader Object. > QV_Open_Object(obj1) = -7
 //     ! Q100 - No such header
 //     = 0 FromList=Object entries=0 LastRecNo=-1 QV_RC=-7 SelectedAttribute=[db_object_id, desc]
 //     )"));
@@ -23,6 +23,7 @@
 //                        - QV_Set_Object_Attr(obj1, "site", "A") = 0
 //                        5 @ QV_Set_Object_Attr site A: QV_RC=0.
 //                        log @- rc(QV_Set_Object_Attr::site=A) = 0
+//     2 TEXT > CALL  a line on standard output and the checked call that it is about
 //     > CALL as NAME "DETAIL" "DETAIL"
 //                    the same, reported by another name or with other details than the texts of the call
 //     ! CODE - TEXT  the report of a failure with one message: a line in the access log, one from level 0 on, and

@@ -41,12 +41,9 @@ DocumentOpen:
 log @ DocumentNumber=D-1B, RevisionNumber=a
 - QV_Destroy_Object(null) = 0
 > QV_Create_Object(obj1, "DocVersion") = 0
-2 @-  db_object_id=-.
-> QV_Set_Object_Attr(obj1, "db_object_id", "") = 0
-2 @-   doc_revision@doc_number=D-1B-.
-> QV_Set_Object_Attr(obj1, "doc_revision@doc_number", "D-1B") = 0
-2 @-   doc_revision@doc_rev_num=a-.
-> QV_Set_Object_Attr(obj1, "doc_revision@doc_rev_num", "a") = 0
+2 @-  db_object_id=-. > QV_Set_Object_Attr(obj1, "db_object_id", "") = 0
+2 @-   doc_revision@doc_number=D-1B-. > QV_Set_Object_Attr(obj1, "doc_revision@doc_number", "D-1B") = 0
+2 @-   doc_revision@doc_rev_num=a-. > QV_Set_Object_Attr(obj1, "doc_revision@doc_rev_num", "a") = 0
 > QV_Subscribe_Object_Attr(obj1, "db_object_id") = 0
 > QV_Subscribe_Object_Attr(obj1, "doc_revision@doc_title") = 0
 > QV_Open_Object(obj1) = 0
@@ -54,19 +51,6 @@ log @ ...Document was  found
 = 1 FromList=Object entries=1 LastRecNo=-1 QV_RC=0 SelectedAttribute=[kept, db_object_id, doc_revision@doc_title]
 )"));
     });
-}
-
-TEST_F(DocumentOpening, ADocumentThatIsNotThereIsTold)
-{
-    connect(0);
-    standin::answer("QV_Open_Object", -7, {{"Q100", "No such document"}});
-    EXPECT_EQ(open("D-1", "1").storyFrom("QV_Open_Object"), story(R"(
-DocumentOpen:
-> QV_Open_Object(obj1) = -7
-! Q100 - No such document
-log @ ...Document was  not found
-= 0 FromList=Object entries=0 LastRecNo=-1 QV_RC=-7 SelectedAttribute=[]
-)"));
 }
 
 TEST_F(DocumentOpening, TheLogLineOfTheInputsIsCutTo255Characters)
@@ -92,16 +76,11 @@ DocumentGetLastRevision:
 2 @\tDocNumber=d-1b.
 - QV_Destroy_List(null) = 0
 > QV_Create_List(list1, "DocVersion") = 0
-2 @ AppendSelect - doc_revision@doc_number.
-> QV_Set_Clause(list1, "Select", "doc_revision@doc_number") = 0
-2 @ AppendSelect - doc_revision@doc_rev_num.
-> QV_Set_Clause(list1, "Select", "doc_revision@doc_rev_num") = 0
-2 @ AppendWhere - &=(doc_revision@doc_number,'d-1b').
-> QV_Set_Clause(list1, "Where", "&=(doc_revision@doc_number,'d-1b')") = 0
-2 @ AppendWhere - &=(doc_revision@primary_config@db_object_id,db_object_id).
-> QV_Set_Clause(list1, "Where", "&=(doc_revision@primary_config@db_object_id,db_object_id)") = 0
-2 @ AppendWhere - &=(copy_count,0).
-> QV_Set_Clause(list1, "Where", "&=(copy_count,0)") = 0
+2 @ AppendSelect - doc_revision@doc_number. > QV_Set_Clause(list1, "Select", "doc_revision@doc_number") = 0
+2 @ AppendSelect - doc_revision@doc_rev_num. > QV_Set_Clause(list1, "Select", "doc_revision@doc_rev_num") = 0
+2 @ AppendWhere - &=(doc_revision@doc_number,'d-1b'). > QV_Set_Clause(list1, "Where", "&=(doc_revision@doc_number,'d-1b')") = 0
+2 @ AppendWhere - &=(doc_revision@primary_config@db_object_id,db_object_id). > QV_Set_Clause(list1, "Where", "&=(doc_revision@primary_config@db_object_id,db_object_id)") = 0
+2 @ AppendWhere - &=(copy_count,0). > QV_Set_Clause(list1, "Where", "&=(copy_count,0)") = 0
 > QV_Set_Clause(list1, "OrderBy", "doc_revision@doc_number") = 0
 > QV_Set_Clause(list1, "OrderBy", "doc_revision@doc_rev_num_v") = 0
 > QV_Set_Clause(list1, "OrderBy", "doc_ver_num") = 0

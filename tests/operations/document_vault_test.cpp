@@ -61,19 +61,14 @@ log @     site = A
 log @     doc_type = DRW
 - QV_Destroy_Object(null) = 0
 > QV_Create_Object(obj1, "DocVersion") = 0
-2 @-  db_object_id=4711x-.
-> QV_Set_Object_Attr(obj1, "db_object_id", "4711x") = 0
-2 @-   doc_revision@doc_number=D-1B-.
-> QV_Set_Object_Attr(obj1, "doc_revision@doc_number", "D-1B") = 0
-2 @-   doc_revision@doc_rev_num=a-.
-> QV_Set_Object_Attr(obj1, "doc_revision@doc_rev_num", "a") = 0
+2 @-  db_object_id=4711x-. > QV_Set_Object_Attr(obj1, "db_object_id", "4711x") = 0
+2 @-   doc_revision@doc_number=D-1B-. > QV_Set_Object_Attr(obj1, "doc_revision@doc_number", "D-1B") = 0
+2 @-   doc_revision@doc_rev_num=a-. > QV_Set_Object_Attr(obj1, "doc_revision@doc_rev_num", "a") = 0
 )" + vault.owner + "> QV_Open_Object(obj1) = 0\n" +
                         vault.vaultDefaults + R"(> QV_Subscribe_Object_Attr(obj1, "doc_type") = 0
 > QV_Subscribe_Object_Attr(obj1, "db_object_id") = 0
-2 @-     site=A-.
-> QV_Set_Object_Attr(obj1, "site", "A") = 0
-2 @-     doc_type=DRW-.
-> QV_Set_Object_Attr(obj1, "doc_type", "DRW") = 0
+2 @-     site=A-. > QV_Set_Object_Attr(obj1, "site", "A") = 0
+2 @-     doc_type=DRW-. > QV_Set_Object_Attr(obj1, "doc_type", "DRW") = 0
 > )" + vault.vaultCall + " = 0\n" +
                         "log @ ..." + vault.subject + " was  " + vault.done + R"(
 = 1 FromList=Object entries=1 LastRecNo=-1 QV_RC=0 SelectedAttribute=[doc_type, db_object_id]
@@ -89,20 +84,6 @@ TEST_P(DocumentVault, WithoutDefaultsAndNamesTheVaultCallFollowsAtOnce)
               story('\n' + vault.name + ":\n> QV_Open_Object(obj1) = 0\n" + vault.vaultDefaults + "> " +
                     vault.vaultCall + " = 0\nlog @ ..." + vault.subject + " was  " + vault.done + R"(
 = 1 FromList=Object entries=1 LastRecNo=-1 QV_RC=0 SelectedAttribute=[]
-)"));
-}
-
-TEST_P(DocumentVault, ARefusalOfTheVaultIsTold)
-{
-    const VaultOperation& vault = GetParam();
-    connect(0);
-    const std::string function = vault.vaultCall.substr(0, vault.vaultCall.find('('));
-    standin::answer(function, -7, {{"Q7", "checked out by jdoe"}});
-    EXPECT_EQ(run("1", nullptr).storyFrom(function), story('\n' + vault.name + ":\n> " + vault.vaultCall +
-                                                           R"( = -7
-! Q7 - checked out by jdoe
-log @ ...)" + vault.subject + " was  not " + vault.done + R"(
-= 0 FromList=Object entries=0 LastRecNo=-1 QV_RC=-7 SelectedAttribute=[]
 )"));
 }
 

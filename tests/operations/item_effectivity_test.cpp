@@ -52,29 +52,18 @@ ItemPUEffectivityCreate-:
 - QV_Destroy_Object(null) = 0
 > QV_Create_Object(obj1, "ItemProductUnitEffectivity") = 0
 2 @ Set Required Fields for Save.
-2 @     prod_id=default-.
-> QV_Set_Object_Attr(obj1, "prod_id", "default") = 0
-2 @     unit=EA-.
-> QV_Set_Object_Attr(obj1, "unit", "EA") = 0
-2 @     prod_id=given-.
-> QV_Set_Object_Attr(obj1, "prod_id", "given") = 0
-2 @   update_count=-.
-> QV_Set_Object_Attr(obj1, "update_count", "") = 0
-2 @   loc_id=-.
-> QV_Set_Object_Attr(obj1, "loc_id", "") = 0
-2 @   item_number=BR-100-.
-> QV_Set_Object_Attr(obj1, "item_number", "BR-100") = 0
-2 @   ecid=EC-1A-.
-> QV_Set_Object_Attr(obj1, "ecid", "EC-1A") = 0
-2 @   prod_id=P-9X-.
-> QV_Set_Object_Attr(obj1, "prod_id", "P-9X") = 0
-2 @   cut_in_unit=u5-.
-> QV_Set_Object_Attr(obj1, "cut_in_unit", "u5") = 0
-2 @ Set  fields to be selected for Save.
-> QV_Subscribe_Object_Attr(obj1, "db_object_id") = 0
+2 @     prod_id=default-. > QV_Set_Object_Attr(obj1, "prod_id", "default") = 0
+2 @     unit=EA-. > QV_Set_Object_Attr(obj1, "unit", "EA") = 0
+2 @     prod_id=given-. > QV_Set_Object_Attr(obj1, "prod_id", "given") = 0
+2 @   update_count=-. > QV_Set_Object_Attr(obj1, "update_count", "") = 0
+2 @   loc_id=-. > QV_Set_Object_Attr(obj1, "loc_id", "") = 0
+2 @   item_number=BR-100-. > QV_Set_Object_Attr(obj1, "item_number", "BR-100") = 0
+2 @   ecid=EC-1A-. > QV_Set_Object_Attr(obj1, "ecid", "EC-1A") = 0
+2 @   prod_id=P-9X-. > QV_Set_Object_Attr(obj1, "prod_id", "P-9X") = 0
+2 @   cut_in_unit=u5-. > QV_Set_Object_Attr(obj1, "cut_in_unit", "u5") = 0
+2 @ Set  fields to be selected for Save. > QV_Subscribe_Object_Attr(obj1, "db_object_id") = 0
 > QV_Subscribe_Object_Attr(obj1, "net_pu_flg") = 0
-2 @ Execute Save method.
-> QV_Save_Object(obj1) = 0
+2 @ Execute Save method. > QV_Save_Object(obj1) = 0
 2 @----Exit------------entries/rc=1--------------------.
 = 1 FromList=Object entries=1 LastRecNo=-1 QV_RC=0 SelectedAttribute=[, db_object_id, net_pu_flg]
 )"));

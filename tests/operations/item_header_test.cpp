@@ -43,28 +43,17 @@ ItemHeaderCreate:
 - QV_Destroy_Object(null) = 0
 > QV_Create_Object(obj1, "ItemEngineeringData") = 0
 2 @ Set Required Fields for Save.
-2 @-     name=default-.
-> QV_Set_Object_Attr(obj1, "name", "default") = 0
-2 @   il_ec_number=-.
-> QV_Set_Object_Attr(obj1, "il_ec_number", "") = 0
-2 @   logical_key@item_number=br-100-.
-> QV_Set_Object_Attr(obj1, "logical_key@item_number", "BR-100") = 0
-2 @   name=BRACKET-.
-> QV_Set_Object_Attr(obj1, "name", "BRACKET") = 0
-2 @   description=Flat steel-.
-> QV_Set_Object_Attr(obj1, "description", "Flat steel") = 0
-2 @   item_type=Pt-.
-> QV_Set_Object_Attr(obj1, "item_type", "Pt") = 0
-2 @   x_sec_level_code=Lvl-.
-> QV_Set_Object_Attr(obj1, "x_sec_level_code", "Lvl") = 0
-2 @   x_sec_cat_code=Cat-.
-> QV_Set_Object_Attr(obj1, "x_sec_cat_code", "Cat") = 0
-2 @-   update_count=0-.
-> QV_Set_Object_Attr(obj1, "update_count", "0") = 0
-2 @ Set  fields to be selected for Save.
-> QV_Subscribe_Object_Attr(obj1, "db_object_id") = 0
-2 @ Execute Save method.
-> QV_Save_Object(obj1) = 0
+2 @-     name=default-. > QV_Set_Object_Attr(obj1, "name", "default") = 0
+2 @   il_ec_number=-. > QV_Set_Object_Attr(obj1, "il_ec_number", "") = 0
+2 @   logical_key@item_number=br-100-. > QV_Set_Object_Attr(obj1, "logical_key@item_number", "BR-100") = 0
+2 @   name=BRACKET-. > QV_Set_Object_Attr(obj1, "name", "BRACKET") = 0
+2 @   description=Flat steel-. > QV_Set_Object_Attr(obj1, "description", "Flat steel") = 0
+2 @   item_type=Pt-. > QV_Set_Object_Attr(obj1, "item_type", "Pt") = 0
+2 @   x_sec_level_code=Lvl-. > QV_Set_Object_Attr(obj1, "x_sec_level_code", "Lvl") = 0
+2 @   x_sec_cat_code=Cat-. > QV_Set_Object_Attr(obj1, "x_sec_cat_code", "Cat") = 0
+2 @-   update_count=0-. > QV_Set_Object_Attr(obj1, "update_count", "0") = 0
+2 @ Set  fields to be selected for Save. > QV_Subscribe_Object_Attr(obj1, "db_object_id") = 0
+2 @ Execute Save method. > QV_Save_Object(obj1) = 0
 2 @ Calling AffectedItemCreate for Item BR-100 at EC EC-1A.
 AffectedItemCreate:
 2 @---Start------------------------------.
@@ -84,20 +73,14 @@ log @     eff_date_str = now
 - QV_Destroy_Object(obj1) = 0
 > QV_Create_Object(obj2, "AffectedItem") = 0
 2 @- Set required fields for cl_save.
-2 @-      ec@id=EC-1A-.
-> QV_Set_Object_Attr(obj2, "ec@id", "EC-1A") = 0
-2 @-      item_number=BR-100-.
-> QV_Set_Object_Attr(obj2, "item_number", "BR-100") = 0
-2 @-      change_action@curr_key=REL-.
-> QV_Set_Object_Attr(obj2, "change_action@curr_key", "REL") = 0
-2 @-    update_count=-.
-> QV_Set_Object_Attr(obj2, "update_count", "") = 0
+2 @-      ec@id=EC-1A-. > QV_Set_Object_Attr(obj2, "ec@id", "EC-1A") = 0
+2 @-      item_number=BR-100-. > QV_Set_Object_Attr(obj2, "item_number", "BR-100") = 0
+2 @-      change_action@curr_key=REL-. > QV_Set_Object_Attr(obj2, "change_action@curr_key", "REL") = 0
+2 @-    update_count=-. > QV_Set_Object_Attr(obj2, "update_count", "") = 0
 2 @-      eff_date_str=now-.
 2 @- Skipping eff_date_str=now because Action=REL.
-2 @- Set fields to be selected for cl_save.
-> QV_Subscribe_Object_Attr(obj2, "db_object_id") = 0
-2 @- Execute Save method.
-> QV_Save_Object(obj2) = 0
+2 @- Set fields to be selected for cl_save. > QV_Subscribe_Object_Attr(obj2, "db_object_id") = 0
+2 @- Execute Save method. > QV_Save_Object(obj2) = 0
 log @ ...AffectedItem was  created
 2 @---Exit------------entries/rc=1--------------------.
 ItemHeaderCreate:
@@ -133,26 +116,16 @@ ItemHeaderCreate:
 - QV_Destroy_Object(obj1) = 0
 > QV_Create_Object(obj2, "ItemEngineeringData") = 0
 2 @ Set Required Fields for Save.
-2 @   il_ec_number=-.
-> QV_Set_Object_Attr(obj2, "il_ec_number", "") = 0
-2 @   logical_key@item_number=br-100-.
-> QV_Set_Object_Attr(obj2, "logical_key@item_number", "BR-100") = 0
-2 @   name=BRACKET-.
-> QV_Set_Object_Attr(obj2, "name", "BRACKET") = 0
-2 @   description=Flat steel-.
-> QV_Set_Object_Attr(obj2, "description", "Flat steel") = 0
-2 @   item_type=-.
-> QV_Set_Object_Attr(obj2, "item_type", "") = 0
-2 @   x_sec_level_code=Lvl-.
-> QV_Set_Object_Attr(obj2, "x_sec_level_code", "Lvl") = 0
-2 @   x_sec_cat_code=Cat-.
-> QV_Set_Object_Attr(obj2, "x_sec_cat_code", "Cat") = 0
-2 @-   update_count=0-.
-> QV_Set_Object_Attr(obj2, "update_count", "0") = 0
-2 @ Set  fields to be selected for Save.
-> QV_Subscribe_Object_Attr(obj2, "db_object_id") = 0
-2 @ Execute Save method.
-> QV_Save_Object(obj2) = 0
+2 @   il_ec_number=-. > QV_Set_Object_Attr(obj2, "il_ec_number", "") = 0
+2 @   logical_key@item_number=br-100-. > QV_Set_Object_Attr(obj2, "logical_key@item_number", "BR-100") = 0
+2 @   name=BRACKET-. > QV_Set_Object_Attr(obj2, "name", "BRACKET") = 0
+2 @   description=Flat steel-. > QV_Set_Object_Attr(obj2, "description", "Flat steel") = 0
+2 @   item_type=-. > QV_Set_Object_Attr(obj2, "item_type", "") = 0
+2 @   x_sec_level_code=Lvl-. > QV_Set_Object_Attr(obj2, "x_sec_level_code", "Lvl") = 0
+2 @   x_sec_cat_code=Cat-. > QV_Set_Object_Attr(obj2, "x_sec_cat_code", "Cat") = 0
+2 @-   update_count=0-. > QV_Set_Object_Attr(obj2, "update_count", "0") = 0
+2 @ Set  fields to be selected for Save. > QV_Subscribe_Object_Attr(obj2, "db_object_id") = 0
+2 @ Execute Save method. > QV_Save_Object(obj2) = 0
 2 @----Exit------------entries/rc=1--------------------.
 = 1 FromList=Object entries=1 LastRecNo=-1 QV_RC=0 SelectedAttribute=[, kept]
 )"));

@@ -81,37 +81,17 @@ ItemOpen:
 log @ ItemNumber= BR-100A , EcNumber= EC-1B
 - QV_Destroy_Object(null) = 0
 > QV_Create_Object(obj1, "ItemEngineeringData") = 0
-2 @-  db_object_id=-.
-> QV_Set_Object_Attr(obj1, "db_object_id", "") = 0
-2 @-   logical_key@item_number=BR-100A-.
-> QV_Set_Object_Attr(obj1, "logical_key@item_number", "BR-100A") = 0 as QV_Set_Object_Attr "logical_key@item_number"
-2 @-   logical_key@loc_id=-.
-> QV_Set_Object_Attr(obj1, "logical_key@loc_id", "") = 0
-2 @-   il_ec_number=EC-1B-.
-> QV_Set_Object_Attr(obj1, "il_ec_number", "EC-1B") = 0 as QV_Set_Object_Attr "il_ec_number"
-2 @ Set  fields to be selected for Open.
-> QV_Subscribe_Object_Attr(obj1, "name") = 0
+2 @-  db_object_id=-. > QV_Set_Object_Attr(obj1, "db_object_id", "") = 0
+2 @-   logical_key@item_number=BR-100A-. > QV_Set_Object_Attr(obj1, "logical_key@item_number", "BR-100A") = 0 as QV_Set_Object_Attr "logical_key@item_number"
+2 @-   logical_key@loc_id=-. > QV_Set_Object_Attr(obj1, "logical_key@loc_id", "") = 0
+2 @-   il_ec_number=EC-1B-. > QV_Set_Object_Attr(obj1, "il_ec_number", "EC-1B") = 0 as QV_Set_Object_Attr "il_ec_number"
+2 @ Set  fields to be selected for Open. > QV_Subscribe_Object_Attr(obj1, "name") = 0
 > QV_Subscribe_Object_Attr(obj1, "status") = 0
 > QV_Open_Object(obj1) = 0
 log @ ...Item was  found
 = 1 FromList=Object entries=1 LastRecNo=-1 QV_RC=0 SelectedAttribute=[, name, status]
 )"));
     });
-}
-
-TEST_F(ItemOpenQuery, AnItemThatIsNotFoundIsToldInTheLog)
-{
-    connect(2);
-    standin::answer("QV_Open_Object", -7, {{"Q100", "No such item"}});
-    EXPECT_EQ(open().storyFrom("ItemOpen Set"), story(R"(
-ItemOpen:
-2 @ Set  fields to be selected for Open.
-> QV_Open_Object(obj1) = -7
-! Q100 - No such item
-log @ ...Item was  not found
-= 0 FromList=Object entries=0 LastRecNo=-1 QV_RC=-7 SelectedAttribute=[]
-)"));
-    EXPECT_NE(QV_ObjPtr, nullptr);
 }
 
 TEST_F(ItemOpenQuery, ItemsAreListedAsChangesAffectThem)
@@ -136,50 +116,30 @@ ItemQuery:
 2    -name-.
 2    -weight-.
 DestroyListOrReport:
-2 @-----Start-------.
-> QV_Destroy_List(list1) = 0
+2 @-----Start-------. > QV_Destroy_List(list1) = 0
 2 @-----Exit--------.
 ItemQuery:
 > QV_Create_List(list2, "ItemEngineeringData") = 0
-2 @ AppendSelect - name.
-> QV_Set_Clause(list2, "Select", "name") = 0
-2 @ AppendSelect - weight.
-> QV_Set_Clause(list2, "Select", "weight") = 0
-2 @ AppendSelect - net_pu_flg.
-> QV_Set_Clause(list2, "Select", "net_pu_flg") = 0
-2 @ AppendSelect - logical_key@loc_id.
-> QV_Set_Clause(list2, "Select", "logical_key@loc_id") = 0
+2 @ AppendSelect - name. > QV_Set_Clause(list2, "Select", "name") = 0
+2 @ AppendSelect - weight. > QV_Set_Clause(list2, "Select", "weight") = 0
+2 @ AppendSelect - net_pu_flg. > QV_Set_Clause(list2, "Select", "net_pu_flg") = 0
+2 @ AppendSelect - logical_key@loc_id. > QV_Set_Clause(list2, "Select", "logical_key@loc_id") = 0
 2 adding ai_obj@xxx attributes in Select List.
-2 @ AppendSelect - ai_obj@item_status.
-> QV_Set_Clause(list2, "Select", "ai_obj@item_status") = 0
-2 @ AppendSelect - ai_obj@ec@status.
-> QV_Set_Clause(list2, "Select", "ai_obj@ec@status") = 0
-2 @ AppendSelect - ai_obj@ec@id.
-> QV_Set_Clause(list2, "Select", "ai_obj@ec@id") = 0
-2 @ AppendSelect - ai_obj@ec@db_object_id.
-> QV_Set_Clause(list2, "Select", "ai_obj@ec@db_object_id") = 0
-2 @ AppendSelect - ai_obj@pln_rev_level.
-> QV_Set_Clause(list2, "Select", "ai_obj@pln_rev_level") = 0
-2 @ AppendSelect - ai_obj@ec@chg_control_code.
-> QV_Set_Clause(list2, "Select", "ai_obj@ec@chg_control_code") = 0
-2 @ AppendWhere - &=(logical_key@loc_id,' ').
-> QV_Set_Clause(list2, "Where", "&=(logical_key@loc_id,' ')") = 0
-2 @ AppendWhere - &<=(insert_by,ai_obj@design_seq_num).
-> QV_Set_Clause(list2, "Where", "&<=(insert_by,ai_obj@design_seq_num)") = 0
-2 @ AppendWhere - &OR(&=(extract_by, 2147483647), &>(extract_by,ai_obj@design_seq_num)).
-> QV_Set_Clause(list2, "Where", "&OR(&=(extract_by, 2147483647), &>(extract_by,ai_obj@design_seq_num))") = 0
-2 @ AppendWhere - &=(ai_obj@ec@id, 'EC-1').
-> QV_Set_Clause(list2, "Where", "&=(ai_obj@ec@id, 'EC-1')") = 0
-2 @ AppendWhere - &LIKE(ai_obj@item_status, 'Rel%').
-> QV_Set_Clause(list2, "Where", "&LIKE(ai_obj@item_status, 'Rel%')") = 0
-2 @ AppendWhere - &LIKE(logical_key@item_number, 'BR-1%').
-> QV_Set_Clause(list2, "Where", "&LIKE(logical_key@item_number, 'BR-1%')") = 0
-2 @ AppendWhere - &LIKE(item_type, 'P %').
-> QV_Set_Clause(list2, "Where", "&LIKE(item_type, 'P %')") = 0
-2 @ AppendWhere - &LIKE(name, 'BRACKET%').
-> QV_Set_Clause(list2, "Where", "&LIKE(name, 'BRACKET%')") = 0
-2 @ AppendWhere - &LIKE(description, 'Flat%').
-> QV_Set_Clause(list2, "Where", "&LIKE(description, 'Flat%')") = 0
+2 @ AppendSelect - ai_obj@item_status. > QV_Set_Clause(list2, "Select", "ai_obj@item_status") = 0
+2 @ AppendSelect - ai_obj@ec@status. > QV_Set_Clause(list2, "Select", "ai_obj@ec@status") = 0
+2 @ AppendSelect - ai_obj@ec@id. > QV_Set_Clause(list2, "Select", "ai_obj@ec@id") = 0
+2 @ AppendSelect - ai_obj@ec@db_object_id. > QV_Set_Clause(list2, "Select", "ai_obj@ec@db_object_id") = 0
+2 @ AppendSelect - ai_obj@pln_rev_level. > QV_Set_Clause(list2, "Select", "ai_obj@pln_rev_level") = 0
+2 @ AppendSelect - ai_obj@ec@chg_control_code. > QV_Set_Clause(list2, "Select", "ai_obj@ec@chg_control_code") = 0
+2 @ AppendWhere - &=(logical_key@loc_id,' '). > QV_Set_Clause(list2, "Where", "&=(logical_key@loc_id,' ')") = 0
+2 @ AppendWhere - &<=(insert_by,ai_obj@design_seq_num). > QV_Set_Clause(list2, "Where", "&<=(insert_by,ai_obj@design_seq_num)") = 0
+2 @ AppendWhere - &OR(&=(extract_by, 2147483647), &>(extract_by,ai_obj@design_seq_num)). > QV_Set_Clause(list2, "Where", "&OR(&=(extract_by, 2147483647), &>(extract_by,ai_obj@design_seq_num))") = 0
+2 @ AppendWhere - &=(ai_obj@ec@id, 'EC-1'). > QV_Set_Clause(list2, "Where", "&=(ai_obj@ec@id, 'EC-1')") = 0
+2 @ AppendWhere - &LIKE(ai_obj@item_status, 'Rel%'). > QV_Set_Clause(list2, "Where", "&LIKE(ai_obj@item_status, 'Rel%')") = 0
+2 @ AppendWhere - &LIKE(logical_key@item_number, 'BR-1%'). > QV_Set_Clause(list2, "Where", "&LIKE(logical_key@item_number, 'BR-1%')") = 0
+2 @ AppendWhere - &LIKE(item_type, 'P %'). > QV_Set_Clause(list2, "Where", "&LIKE(item_type, 'P %')") = 0
+2 @ AppendWhere - &LIKE(name, 'BRACKET%'). > QV_Set_Clause(list2, "Where", "&LIKE(name, 'BRACKET%')") = 0
+2 @ AppendWhere - &LIKE(description, 'Flat%'). > QV_Set_Clause(list2, "Where", "&LIKE(description, 'Flat%')") = 0
 > QV_Set_Clause(list2, "OrderBy", "ai_obj@ec@id") = 0
 > QV_Open_List(list2) = 0
 > QV_SizeOf_List(list2, 3) = 0 as QV_SizeOf_List "nb_of_entries" "3"
@@ -212,22 +172,14 @@ DestroyListOrReport:
 2 @-----Exit--------.
 ItemQuery:
 > QV_Create_List(list1, "ItemEngineeringData") = 0
-2 @ AppendSelect - name.
-> QV_Set_Clause(list1, "Select", "name") = 0
-2 @ AppendSelect - net_pu_flg.
-> QV_Set_Clause(list1, "Select", "net_pu_flg") = 0
-2 @ AppendSelect - logical_key@loc_id.
-> QV_Set_Clause(list1, "Select", "logical_key@loc_id") = 0
-2 @ AppendWhere - &LIKE(master_item@control,'1%').
-> QV_Set_Clause(list1, "Where", "&LIKE(master_item@control,'1%')") = 0
-2 @ AppendWhere - &LIKE(logical_key@item_number, 'BR%').
-> QV_Set_Clause(list1, "Where", "&LIKE(logical_key@item_number, 'BR%')") = 0
-2 @ AppendWhere - &LIKE(item_type, 'P %').
-> QV_Set_Clause(list1, "Where", "&LIKE(item_type, 'P %')") = 0
-2 @ AppendWhere - &LIKE(name, 'A%').
-> QV_Set_Clause(list1, "Where", "&LIKE(name, 'A%')") = 0
-2 @ AppendWhere - &LIKE(description, 'b%').
-> QV_Set_Clause(list1, "Where", "&LIKE(description, 'b%')") = 0
+2 @ AppendSelect - name. > QV_Set_Clause(list1, "Select", "name") = 0
+2 @ AppendSelect - net_pu_flg. > QV_Set_Clause(list1, "Select", "net_pu_flg") = 0
+2 @ AppendSelect - logical_key@loc_id. > QV_Set_Clause(list1, "Select", "logical_key@loc_id") = 0
+2 @ AppendWhere - &LIKE(master_item@control,'1%'). > QV_Set_Clause(list1, "Where", "&LIKE(master_item@control,'1%')") = 0
+2 @ AppendWhere - &LIKE(logical_key@item_number, 'BR%'). > QV_Set_Clause(list1, "Where", "&LIKE(logical_key@item_number, 'BR%')") = 0
+2 @ AppendWhere - &LIKE(item_type, 'P %'). > QV_Set_Clause(list1, "Where", "&LIKE(item_type, 'P %')") = 0
+2 @ AppendWhere - &LIKE(name, 'A%'). > QV_Set_Clause(list1, "Where", "&LIKE(name, 'A%')") = 0
+2 @ AppendWhere - &LIKE(description, 'b%'). > QV_Set_Clause(list1, "Where", "&LIKE(description, 'b%')") = 0
 > QV_Set_Clause(list1, "OrderBy", "logical_key@item_number") = 0
 > QV_Open_List(list1) = 0
 > QV_SizeOf_List(list1, 1) = 0 as QV_SizeOf_List "nb_of_entries" "1"
@@ -290,19 +242,6 @@ TEST_F(ItemOpenQuery, AnOpenThatAnswersMinusOneIsNotCounted)
                                                  std::to_string(outcome.result) + "------------."),
                   1);
     }
-}
-
-TEST_F(ItemOpenQuery, AStopSkipsTheTraceLinesOfTheStepsLeftOut)
-{
-    connect(2);
-    standin::answer("QV_Create_List", -1, {{"Q1", "No class"}});
-    EXPECT_EQ(query(withFilter(&Query::itemNumber, "br"), {"name"}).storyFrom("QV_Create_List"), story(R"(
-ItemQuery:
-> QV_Create_List(null, "ItemEngineeringData") = -1
-! Q1 - No class
-2 @-----Exit------Nb of entries=0------------.
-= 0 FromList=List entries=0 LastRecNo=-1 QV_RC=-1 SelectedAttribute=[name]
-)"));
 }
 
 TEST_F(ItemOpenQuery, AFilterThatDoesNotFitItsClauseIsRefused)

@@ -50,30 +50,19 @@ ItemReferenceCreate:
 - QV_Destroy_Object(null) = 0
 > QV_Create_Object(obj1, "ItemReference") = 0
 2 @- Valuate il_ec_number untyped instance with EC number=EC-1A-.
-2 @-   il_ec_number=EC-1A-.
-> QV_Set_Object_Attr(obj1, "il_ec_number", "EC-1A") = 0
+2 @-   il_ec_number=EC-1A-. > QV_Set_Object_Attr(obj1, "il_ec_number", "EC-1A") = 0
 2 @- Set Required Fields for save.
-2 @-   logical_key@item_numberBR-1B.
-> QV_Set_Object_Attr(obj1, "logical_key@item_number", "BR-1B") = 0
-2 @-   logical_key@reference_id=D-1C.
-> QV_Set_Object_Attr(obj1, "logical_key@reference_id", "D-1C") = 0
-2 @-   reference_level=a.
-> QV_Set_Object_Attr(obj1, "reference_level", "a") = 0
-2 @-   item_ref_xref=oid.
-> QV_Set_Object_Attr(obj1, "item_ref_xref", "oid") = 0
-2 @-   logical_key@loc_id=-.
-> QV_Set_Object_Attr(obj1, "logical_key@loc_id", "") = 0
-2 @-   update_count=-.
-> QV_Set_Object_Attr(obj1, "update_count", "") = 0
-2 @-     logical_key@loc_id=LOC-.
-> QV_Set_Object_Attr(obj1, "logical_key@loc_id", "LOC") = 0
-2 @-     site=A-.
-> QV_Set_Object_Attr(obj1, "site", "A") = 0
-2 @- Set fields to be selected for cl_save.
-> QV_Subscribe_Object_Attr(obj1, "db_object_id") = 0
+2 @-   logical_key@item_numberBR-1B. > QV_Set_Object_Attr(obj1, "logical_key@item_number", "BR-1B") = 0
+2 @-   logical_key@reference_id=D-1C. > QV_Set_Object_Attr(obj1, "logical_key@reference_id", "D-1C") = 0
+2 @-   reference_level=a. > QV_Set_Object_Attr(obj1, "reference_level", "a") = 0
+2 @-   item_ref_xref=oid. > QV_Set_Object_Attr(obj1, "item_ref_xref", "oid") = 0
+2 @-   logical_key@loc_id=-. > QV_Set_Object_Attr(obj1, "logical_key@loc_id", "") = 0
+2 @-   update_count=-. > QV_Set_Object_Attr(obj1, "update_count", "") = 0
+2 @-     logical_key@loc_id=LOC-. > QV_Set_Object_Attr(obj1, "logical_key@loc_id", "LOC") = 0
+2 @-     site=A-. > QV_Set_Object_Attr(obj1, "site", "A") = 0
+2 @- Set fields to be selected for cl_save. > QV_Subscribe_Object_Attr(obj1, "db_object_id") = 0
 > QV_Subscribe_Object_Attr(obj1, "item_ref_xref") = 0
-2 @- Execute cl_save method; CLAYR_makeCall, cl_save.
-> QV_Save_Object(obj1) = 0
+2 @- Execute cl_save method; CLAYR_makeCall, cl_save. > QV_Save_Object(obj1) = 0
 2 @-----Exit------------entries/rc=1--------------------.
 = 1 FromList=Object entries=1 LastRecNo=-1 QV_RC=0 SelectedAttribute=[db_object_id, item_ref_xref]
 )"));
@@ -101,10 +90,8 @@ ItemReferenceDelete- :
 - QV_Destroy_Object(null) = 0
 > QV_Create_Object(obj1, "ItemReference") = 0
 2 @ set required fields for cl_delete-.
-2 @    db_object_id=4711-.
-> QV_Set_Object_Attr(obj1, "db_object_id", "4711") = 0
-2 @    il_ec_number=ec-1-.
-> QV_Set_Object_Attr(obj1, "il_ec_number", "ec-1") = 0
+2 @    db_object_id=4711-. > QV_Set_Object_Attr(obj1, "db_object_id", "4711") = 0
+2 @    il_ec_number=ec-1-. > QV_Set_Object_Attr(obj1, "il_ec_number", "ec-1") = 0
 > QV_Delete_Object(obj1) = 0
 2 @----Exit------------rc=1--------------------.
 = 1 FromList=Object entries=1 LastRecNo=-1 QV_RC=0 SelectedAttribute=[]

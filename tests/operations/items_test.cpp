@@ -62,37 +62,22 @@ ItemCreate:
 - QV_Destroy_Object(null) = 0
 > QV_Create_Object(obj1, "ItemEngineeringData") = 0
 2 @ Set Required Fields for Save.
-2 @-     name=default-.
-> QV_Set_Object_Attr(obj1, "name", "default") = 0
-2 @-     unit=EA-.
-> QV_Set_Object_Attr(obj1, "unit", "EA") = 0
-2 @-     name=given-.
-> QV_Set_Object_Attr(obj1, "name", "given") = 0
-2 @-     unit=KG-.
-> QV_Set_Object_Attr(obj1, "unit", "KG") = 0
-2 @-     weight=5-.
-> QV_Set_Object_Attr(obj1, "weight", "5") = 0
-2 @   logical_key@item_number=BR-100-.
-> QV_Set_Object_Attr(obj1, "logical_key@item_number", "BR-100") = 0
-2 @   logical_key@loc_id=-.
-> QV_Set_Object_Attr(obj1, "logical_key@loc_id", "") = 0
-2 @   il_ec_number=EC-12A-.
-> QV_Set_Object_Attr(obj1, "il_ec_number", "EC-12A") = 0
-2 @   name=BRACKET-.
-> QV_Set_Object_Attr(obj1, "name", "BRACKET") = 0
-2 @   item_type=Pt-.
-> QV_Set_Object_Attr(obj1, "item_type", "Pt") = 0
-2 @   design_loc_id =-.
-> QV_Set_Object_Attr(obj1, "design_loc_id", "") = 0
-2 @   update_count=-.
-> QV_Set_Object_Attr(obj1, "update_count", "") = 0
-2 @  create_bomheader =TRUE-.
-> QV_Set_Object_Attr(obj1, "create_bomheader", "TRUE") = 0
-2 @ Set  fields to be selected for Save.
-> QV_Subscribe_Object_Attr(obj1, "db_object_id") = 0
+2 @-     name=default-. > QV_Set_Object_Attr(obj1, "name", "default") = 0
+2 @-     unit=EA-. > QV_Set_Object_Attr(obj1, "unit", "EA") = 0
+2 @-     name=given-. > QV_Set_Object_Attr(obj1, "name", "given") = 0
+2 @-     unit=KG-. > QV_Set_Object_Attr(obj1, "unit", "KG") = 0
+2 @-     weight=5-. > QV_Set_Object_Attr(obj1, "weight", "5") = 0
+2 @   logical_key@item_number=BR-100-. > QV_Set_Object_Attr(obj1, "logical_key@item_number", "BR-100") = 0
+2 @   logical_key@loc_id=-. > QV_Set_Object_Attr(obj1, "logical_key@loc_id", "") = 0
+2 @   il_ec_number=EC-12A-. > QV_Set_Object_Attr(obj1, "il_ec_number", "EC-12A") = 0
+2 @   name=BRACKET-. > QV_Set_Object_Attr(obj1, "name", "BRACKET") = 0
+2 @   item_type=Pt-. > QV_Set_Object_Attr(obj1, "item_type", "Pt") = 0
+2 @   design_loc_id =-. > QV_Set_Object_Attr(obj1, "design_loc_id", "") = 0
+2 @   update_count=-. > QV_Set_Object_Attr(obj1, "update_count", "") = 0
+2 @  create_bomheader =TRUE-. > QV_Set_Object_Attr(obj1, "create_bomheader", "TRUE") = 0
+2 @ Set  fields to be selected for Save. > QV_Subscribe_Object_Attr(obj1, "db_object_id") = 0
 > QV_Subscribe_Object_Attr(obj1, "status") = 0
-2 @ Execute Save method.
-> QV_Save_Object(obj1) = 0
+2 @ Execute Save method. > QV_Save_Object(obj1) = 0
 2 @----Exit------------entries/rc=1--------------------.
 = 1 FromList=Object entries=1 LastRecNo=-1 QV_RC=0 SelectedAttribute=[, db_object_id, status]
 )"));
@@ -127,37 +112,23 @@ ItemSave:
 2 @-   status-.
 - QV_Destroy_Object(null) = 0
 > QV_Create_Object(obj1, "ItemEngineeringData") = 0
-2 @-  db_object_id=-.
-> QV_Set_Object_Attr(obj1, "db_object_id", "") = 0
-2 @-   logical_key@item_number=BR-100-.
-> QV_Set_Object_Attr(obj1, "logical_key@item_number", "BR-100") = 0
-2 @-   logical_key@loc_id=-.
-> QV_Set_Object_Attr(obj1, "logical_key@loc_id", "") = 0
-2 @-   il_ec_number=EC-12A-.
-> QV_Set_Object_Attr(obj1, "il_ec_number", "EC-12A") = 0
-2 @-   update_count=-.
-> QV_Subscribe_Object_Attr(obj1, "update_count") = 0
+2 @-  db_object_id=-. > QV_Set_Object_Attr(obj1, "db_object_id", "") = 0
+2 @-   logical_key@item_number=BR-100-. > QV_Set_Object_Attr(obj1, "logical_key@item_number", "BR-100") = 0
+2 @-   logical_key@loc_id=-. > QV_Set_Object_Attr(obj1, "logical_key@loc_id", "") = 0
+2 @-   il_ec_number=EC-12A-. > QV_Set_Object_Attr(obj1, "il_ec_number", "EC-12A") = 0
+2 @-   update_count=-. > QV_Subscribe_Object_Attr(obj1, "update_count") = 0
 > QV_Open_Object(obj1) = 0
 2 @ Set Required Fields for Save.
-2 @-     name=default-.
-> QV_Set_Object_Attr(obj1, "name", "default") = 0
-2 @-     unit=EA-.
-> QV_Set_Object_Attr(obj1, "unit", "EA") = 0
-2 @-     name=given-.
-> QV_Set_Object_Attr(obj1, "name", "given") = 0
-2 @-     unit=KG-.
-> QV_Set_Object_Attr(obj1, "unit", "KG") = 0
-2 @-     weight=5-.
-> QV_Set_Object_Attr(obj1, "weight", "5") = 0
-2 @-   name=BRACKET-.
-> QV_Set_Object_Attr(obj1, "name", "BRACKET") = 0
-2 @-   item_type=Pt-.
-> QV_Set_Object_Attr(obj1, "item_type", "Pt") = 0
-2 @- Set  fields to be selected for Save.
-> QV_Subscribe_Object_Attr(obj1, "db_object_id") = 0
+2 @-     name=default-. > QV_Set_Object_Attr(obj1, "name", "default") = 0
+2 @-     unit=EA-. > QV_Set_Object_Attr(obj1, "unit", "EA") = 0
+2 @-     name=given-. > QV_Set_Object_Attr(obj1, "name", "given") = 0
+2 @-     unit=KG-. > QV_Set_Object_Attr(obj1, "unit", "KG") = 0
+2 @-     weight=5-. > QV_Set_Object_Attr(obj1, "weight", "5") = 0
+2 @-   name=BRACKET-. > QV_Set_Object_Attr(obj1, "name", "BRACKET") = 0
+2 @-   item_type=Pt-. > QV_Set_Object_Attr(obj1, "item_type", "Pt") = 0
+2 @- Set  fields to be selected for Save. > QV_Subscribe_Object_Attr(obj1, "db_object_id") = 0
 > QV_Subscribe_Object_Attr(obj1, "status") = 0
-2 @- Execute Save method.
-> QV_Save_Object(obj1) = 0
+2 @- Execute Save method. > QV_Save_Object(obj1) = 0
 2 @----Exit------------entries/rc=1--------------------.
 = 1 FromList=Object entries=1 LastRecNo=-1 QV_RC=0 SelectedAttribute=[, db_object_id, status]
 )"));
@@ -199,22 +170,6 @@ TEST_F(Items, ABomHeaderIsAskedForByYesAloneReadAtEveryCall)
     }
     setEnvironment("QVL_BOM_HEADER_CREATE", std::nullopt);
     EXPECT_EQ(countLines(run(ItemCreate).calls, "create_bomheader"), 0);
-}
-
-TEST_F(Items, AnItemThatIsNotFoundIsNotChanged)
-{
-    connect(2);
-    standin::answer("QV_Open_Object", -7, {{"Q100", "No such item"}});
-    EXPECT_EQ(runWithPairs(ItemSave).storyFrom("-   update_count"), story(R"(
-ItemSave:
-2 @-   update_count=-.
-> QV_Subscribe_Object_Attr(obj1, "update_count") = 0
-> QV_Open_Object(obj1) = -7
-! Q100 - No such item
-2 @----Exit------------entries/rc=0--------------------.
-= 0 FromList=Object entries=0 LastRecNo=-1 QV_RC=-7 SelectedAttribute=[, db_object_id, status]
-)"));
-    EXPECT_NE(QV_ObjPtr, nullptr);
 }
 
 } // namespace

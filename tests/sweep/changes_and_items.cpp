@@ -10,6 +10,7 @@ namespace sweep {
 namespace {
 
 const std::vector<CallPattern> updateCountIsSet{{"QV_Set_Object_Attr", "update_count"}};
+constexpr const char* exitOfItems = "2 @----Exit------------entries/rc=0--------------------.\n";
 
 std::vector<Operation> engineeringChanges()
 {
@@ -21,6 +22,8 @@ std::vector<Operation> engineeringChanges()
                  })
             .takes("-----", 5)
             .usesDefaults("EngineeringChangeCreate", 60, 60)
+            .endsWith("log @ ... Engineering Change was  not created\n"
+                      "2 @-----Exit------------entries/rc=0--------------------.\n")
             .goingOn({{"QV_Set_Object_Attr", "update_count"},
                       {"QV_Set_Object_Attr", "initiator@person_identifier"},
                       {"QV_Set_Object_Attr", "x_sec_level_code"},
@@ -28,13 +31,16 @@ std::vector<Operation> engineeringChanges()
         onObject("EngineeringChangeOpen",
                  [](Inputs& in) { return EngineeringChangeOpen(in.text(0), in.text(1), in.names()); })
             .takes("--", 2)
-            .takesNames(50),
+            .takesNames(50)
+            .endsWith(""),
         onObject(
             "AffectedItemCreate",
             [](Inputs& in) { return AffectedItemCreate(in.text(0), in.text(1), in.text(2), in.names()); })
             .takes("UUU", 3)
             .takesNames(30)
             .usesDefaults("AffectedItemCreate", 19, 19)
+            .endsWith("log @ ...AffectedItem was  not created\n"
+                      "2 @---Exit------------entries/rc=0--------------------.\n")
             .goingOn(updateCountIsSet),
         onList("AffectedItemQuery", [](Inputs& in) { return AffectedItemQuery(in.text(0), in.names()); })
             .takes("-", 0)
@@ -53,6 +59,7 @@ std::vector<Operation> masterRecords()
             .takes("UUU-", 5)
             .takesNameList(30)
             .usesDefaults("ItemCreate", 60, 60)
+            .endsWith(exitOfItems)
             .goingOn(updateCountIsSet),
         onObject("ItemSave",
                  [](Inputs& in) {
@@ -62,6 +69,7 @@ std::vector<Operation> masterRecords()
             .takes("UUU-", 5)
             .takesNameList(30)
             .usesDefaults("ItemCreate", 60, 60)
+            .endsWith(exitOfItems)
             .goingOn({{"QV_Subscribe_Object_Attr", "update_count"}}),
         onObject("ItemHeaderCreate", // with a change it is AffectedItemCreate as well
                  [](Inputs& in) {
@@ -70,24 +78,29 @@ std::vector<Operation> masterRecords()
                  })
             .takes("------", 6)
             .usesDefaults("ItemHeaderCreate", 60, 60)
+            .endsWith(exitOfItems)
             .goingOn(updateCountIsSet),
         onObject("ItemOpen", [](Inputs& in) { return ItemOpen(in.text(0), in.text(1), in.nameList()); })
             .takes("UU", 2)
-            .takesNameList(50),
-        onObject("ItemPUEffectivityCreate",
-                 [](Inputs& in) {
-                     return ItemPUEffectivityCreate(in.text(0), in.text(1), in.text(2), in.text(3), in.pair(),
-                                                    in.pair(), in.nameList());
-                 })
+            .takesNameList(50)
+            .endsWith("log @ ...Item was  not found\n"),
+        onObject(
+            "ItemPUEffectivityCreate",
+            [](Inputs& in) {
+                return ItemPUEffectivityCreate(in.text(0), in.text(1), in.text(2), in.text(3), in.pair(),
+                                               in.pair(), in.nameList());
+            },
+            "ItemPUEffectivityCreate-")
             .takes("UUU-", 5)
             .takesNameList(30)
             .usesDefaults("ItemPUEffectivityCreate", 60, 60)
-            .reportedAs("ItemPUEffectivityCreate-"),
+            .endsWith(exitOfItems),
         onObject(
             "ItemAssociationOpen",
             [](Inputs& in) { return ItemAssociationOpen(in.text(0), in.text(1), in.text(2), in.names()); })
             .takes("---", 3)
-            .takesNames(50),
+            .takesNames(50)
+            .endsWith(""),
         onObject(
             "ItemAssociationSave",
             [](Inputs& in) { return ItemAssociationSave(in.text(0), in.text(1), in.text(2), in.names()); })
@@ -100,14 +113,15 @@ std::vector<Operation> masterRecords()
 /** Of the filters those that have a use are turned to upper case: `change` says whether that of the change is. */
 Operation itemQuery(const std::string& name, const char* type, char change)
 {
-    return onList(name,
-                  [=](Inputs& in) {
-                      return ItemQuery(in.text(0), in.text(1), in.text(2), in.text(3), in.text(4), in.text(5),
-                                       in.text(6), Text(type), in.names());
-                  })
+    return onList(
+               name,
+               [=](Inputs& in) {
+                   return ItemQuery(in.text(0), in.text(1), in.text(2), in.text(3), in.text(4), in.text(5),
+                                    in.text(6), Text(type), in.names());
+               },
+               "ItemQuery")
         .takes(std::string("U") + change + "--U--", 0)
         .takesNames(50)
-        .reportedAs("ItemQuery")
         .notChecking({})
         .goingOn({{"QV_Destroy_List", "", "DestroyListOrReport"}, {"QV_Open_List"}});
 }

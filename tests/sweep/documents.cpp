@@ -17,13 +17,15 @@ const std::vector<CallPattern> fixedSubscriptions{{"QV_Subscribe_Object_Attr", "
 
 /** One of the operations that find a version, or make one, and hand it to the vault. */
 template <class Function>
-Operation vaultOperation(const std::string& name, const std::string& texts, const Function& function)
+Operation vaultOperation(const std::string& name, const std::string& texts, const Function& function,
+                         const std::string& end)
 {
     return onObject(name,
                     [=](Inputs& in) { return function(in.text(0), in.text(1), in.text(2), in.names()); })
         .takes(texts, 3)
         .takesNames(50)
-        .usesDefaults(name, 19, 19);
+        .usesDefaults(name, 19, 19)
+        .endsWith(end);
 }
 
 /** The number of the document is fixed, because it has to fit a clause. */
@@ -44,9 +46,11 @@ Operation newRevision()
             .takes("----", 4)
             .takesNames(50)
             .usesDefaults("DocumentMakeNewRevision", 19, 19)
+            .endsWith("2 @...new revision for document D-1 was not created.\n")
             .notChecking({{"QV_Destroy_Object"}, {"QV_Destroy_List"}})
             .goingOn(goesOn)
-            .elsewhere({{"QV_SizeOf_List"}, {"QV_Read_List"}, {"QV_Get_Object_Attr"}});
+            .elsewhere(
+                {{"QV_Make_New_Revision"}, {"QV_SizeOf_List"}, {"QV_Read_List"}, {"QV_Get_Object_Attr"}});
     operation.hasOwnHandles = true;
     return operation;
 }
@@ -56,10 +60,14 @@ Operation newRevision()
 std::vector<Operation> documents()
 {
     return {
-        vaultOperation("DocumentCreateCheckIn", "UU-", DocumentCreateCheckIn),
-        vaultOperation("DocumentCheckOut", "-U-", DocumentCheckOut),
-        vaultOperation("DocumentCheckIn", "-U-", DocumentCheckIn),
-        vaultOperation("DocumentCancelCheckOut", "-U-", DocumentCancelCheckOut),
+        vaultOperation("DocumentCreateCheckIn", "UU-", DocumentCreateCheckIn,
+                       "log @ ...Document was  not created\n"
+                       "2 @-----Exit------------entries/rc=0--------------------.\n"),
+        vaultOperation("DocumentCheckOut", "-U-", DocumentCheckOut,
+                       "log @ ...Document was  not checked out\n"),
+        vaultOperation("DocumentCheckIn", "-U-", DocumentCheckIn, "log @ ...Document was  not checked in\n"),
+        vaultOperation("DocumentCancelCheckOut", "-U-", DocumentCancelCheckOut,
+                       "log @ ...Document check-out was  not canceled\n"),
         newRevision(),
         onObject("DocumentMakeECControlled",
                  [](Inputs& in) {
@@ -69,11 +77,13 @@ std::vector<Operation> documents()
             .takes("UU--", 3)
             .takesNames(50)
             .usesDefaults("DocumentMakeECControlled", 19, 0)
+            .endsWith("log @ ... could not make document EC controlled\n2 @-----exit---rc=0-.\n")
             .goingOn(fixedSubscriptions),
         onObject("DocumentOpen",
                  [](Inputs& in) { return DocumentOpen(in.text(0), in.text(1), in.nameList()); })
             .takes("U-", 2)
-            .takesNameList(50),
+            .takesNameList(50)
+            .endsWith("log @ ...Document was  not found\n"),
         onList("DocumentGetLastRevision", [](Inputs& in) { return DocumentGetLastRevision(in.text(0)); })
             .takes("-", 0),
     };

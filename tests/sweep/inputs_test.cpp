@@ -42,7 +42,7 @@ protected:
     /** `more` has one line more than `less` on standard output and in the access log, a warning of the operation. */
     static void expectOneWarning(const Outcome& more, const Outcome& less, const std::string& text)
     {
-        const std::string& prefix = GetParam().prefix.empty() ? GetParam().name : GetParam().prefix;
+        const std::string prefix = GetParam().writer();
         EXPECT_EQ(countLines(more.output), countLines(less.output) + 1);
         EXPECT_EQ(countLines(more.output, prefix + "- ****** WARNING ****** " + text), 1) << more.output;
         EXPECT_EQ(countLines(more.accessLog), countLines(less.accessLog) + 1);

@@ -25,21 +25,21 @@ Operation& Operation::goingOn(std::vector<CallPattern> calls)
     return *this;
 }
 
-Operation& Operation::notChecking(std::vector<CallPattern> calls)
-{
-    unchecked = std::move(calls);
-    return *this;
-}
-
 Operation& Operation::elsewhere(std::vector<CallPattern> calls)
 {
     testedElsewhere = std::move(calls);
     return *this;
 }
 
-Operation& Operation::reportedAs(const std::string& reporter)
+Operation& Operation::endsWith(const std::string& lines)
 {
-    prefix = reporter;
+    end = lines;
+    return *this;
+}
+
+Operation& Operation::notChecking(std::vector<CallPattern> calls)
+{
+    unchecked = std::move(calls);
     return *this;
 }
 
@@ -50,16 +50,16 @@ Operation& Operation::takes(const std::string& eachText, int calls)
     return *this;
 }
 
-Operation& Operation::takesNames(int end)
+Operation& Operation::takesNames(int slots)
 {
-    endSlot = end;
+    endSlot = slots;
     return *this;
 }
 
-Operation& Operation::takesNameList(int end)
+Operation& Operation::takesNameList(int slots)
 {
     firstSlot = 1;
-    endSlot = end;
+    endSlot = slots;
     return *this;
 }
 
@@ -71,14 +71,24 @@ Operation& Operation::usesDefaults(const std::string& of, int used, int set)
     return *this;
 }
 
-Operation onObject(const std::string& name, std::function<int(Inputs&)> run)
+Operation onObject(const std::string& name, std::function<int(Inputs&)> run, const std::string& prefix)
 {
-    return {name, std::move(run), "Object", {{"QV_Destroy_Object"}}};
+    return {name,
+            std::move(run),
+            "Object",
+            {{"QV_Destroy_Object"}},
+            "2 @-----Exit------------entries/rc=0--------------------.\n",
+            prefix};
 }
 
-Operation onList(const std::string& name, std::function<int(Inputs&)> run)
+Operation onList(const std::string& name, std::function<int(Inputs&)> run, const std::string& prefix)
 {
-    return {name, std::move(run), "List", {{"QV_Destroy_List"}}};
+    return {name,
+            std::move(run),
+            "List",
+            {{"QV_Destroy_List"}},
+            "2 @-----Exit------Nb of entries=0------------.\n",
+            prefix};
 }
 
 void PrintTo(const Operation& operation, std::ostream* stream)

@@ -57,21 +57,18 @@ struct Operation {
     std::function<int(Inputs&)> run;
     /** What `FromList` says afterwards. */
     std::string resultKind;
-
-    // ---- Its calls ----
-
     /** Calls that are not checked: their failure is not even reported. */
     std::vector<CallPattern> unchecked;
+    /** What it tells at the end once a call has stopped it, as lines of a story. */
+    std::string end;
+    /** What stands before its lines when it is not its name. */
+    std::string prefix;
     /** Calls whose failure is reported and does not stop the operation; every other one stops it. */
     std::vector<CallPattern> goesOn = {};
     /** Calls whose failure changes the calls that follow; each has a test of its own. */
     std::vector<CallPattern> testedElsewhere = {};
-    /** What the reports of failures name when it is not the operation's name. */
-    std::string prefix = {};
     /** Whether it destroys handles of its own at the end and returns its own code in place of `entries`. */
     bool hasOwnHandles = false;
-
-    // ---- Its inputs ----
 
     /** A letter for each text: "U" where the caller's text is turned to upper case, "-" where it is not. */
     std::string texts = {};
@@ -82,27 +79,29 @@ struct Operation {
     int endSlot = 0;
     /** Under which name its defaults are found; "" when it has none. */
     std::string defaults = {};
-    /** How many it uses, and how many of 60 it sets. */
+    /** How many it uses, and how many of these it sets. */
     int defaultsUsed = 0;
     int defaultsSet = 0;
 
-    // ---- Writing a row ----
+    std::string writer() const { return prefix.empty() ? name : prefix; }
 
-    Operation& goingOn(std::vector<CallPattern> calls);
-    Operation& notChecking(std::vector<CallPattern> calls);
-    Operation& elsewhere(std::vector<CallPattern> calls);
-    Operation& reportedAs(const std::string& reporter);
+    // ---- To write a row ----
+
     Operation& takes(const std::string& eachText, int calls);
     /** An array of names, captured from slot 0 on. */
-    Operation& takesNames(int end);
+    Operation& takesNames(int slots);
     /** A list of names, captured from slot 1 on. */
-    Operation& takesNameList(int end);
+    Operation& takesNameList(int slots);
     Operation& usesDefaults(const std::string& of, int used, int set);
+    Operation& endsWith(const std::string& lines);
+    Operation& notChecking(std::vector<CallPattern> calls);
+    Operation& goingOn(std::vector<CallPattern> calls);
+    Operation& elsewhere(std::vector<CallPattern> calls);
 };
 
-/** A row of an operation on the current object, or on the current list. */
-Operation onObject(const std::string& name, std::function<int(Inputs&)> run);
-Operation onList(const std::string& name, std::function<int(Inputs&)> run);
+/** A row of an operation on the current object, or on the current list, with the usual last line. */
+Operation onObject(const std::string& name, std::function<int(Inputs&)> run, const std::string& prefix = "");
+Operation onList(const std::string& name, std::function<int(Inputs&)> run, const std::string& prefix = "");
 
 /** Shows the name in the output of a failing test. */
 void PrintTo(const Operation& operation, std::ostream* stream);

@@ -10,6 +10,7 @@ namespace sweep {
 namespace {
 
 const std::vector<CallPattern> updateCountIsSet{{"QV_Set_Object_Attr", "update_count"}};
+constexpr const char* exitOfDeletion = "2 @----Exit------------rc=0--------------------.\n";
 
 std::vector<Operation> billsOfMaterial()
 {
@@ -27,6 +28,7 @@ std::vector<Operation> billsOfMaterial()
                })
             .takes("--", 2)
             .takesNames(50)
+            .endsWith("2 @-----Exit-----------entries/rc=0-------.\n")
             .notChecking({})
             .goingOn({{"QV_Destroy_List", "", "DestroyListOrReport"}})
             .elsewhere({{"QV_Destroy_Report"}}),
@@ -44,16 +46,19 @@ std::vector<Operation> components()
             .takes("-----", 5)
             .takesNames(30)
             .goingOn(updateCountIsSet),
-        onObject("ComponentDelete",
-                 [](Inputs& in) {
-                     return ComponentDelete(in.text(0), in.text(1), in.text(2), in.text(3), in.text(4));
-                 })
+        onObject(
+            "ComponentDelete",
+            [](Inputs& in) {
+                return ComponentDelete(in.text(0), in.text(1), in.text(2), in.text(3), in.text(4));
+            },
+            "ComponentDelete- ")
             .takes("-----", 5)
-            .reportedAs("ComponentDelete- "),
+            .endsWith(exitOfDeletion),
         onObject("ComponentOpen",
                  [](Inputs& in) { return ComponentOpen(in.text(0), in.text(1), in.nameList()); })
             .takes("-U", 2)
-            .takesNameList(50),
+            .takesNameList(50)
+            .endsWith("log @ ...Component was  not found\n"),
     };
 }
 
@@ -67,11 +72,14 @@ std::vector<Operation> references()
                  })
             .takes("-----", 5)
             .takesNames(30)
+            .endsWith("2 @-----Exit------entries/rc=0------.\n")
             .goingOn(updateCountIsSet),
-        onObject("ComponentReferenceDelete",
-                 [](Inputs& in) { return ComponentReferenceDelete(in.text(0), in.text(1)); })
+        onObject(
+            "ComponentReferenceDelete",
+            [](Inputs& in) { return ComponentReferenceDelete(in.text(0), in.text(1)); },
+            "ComponentReferenceDelete- ")
             .takes("--", 2)
-            .reportedAs("ComponentReferenceDelete- "),
+            .endsWith(exitOfDeletion),
         onObject("ItemReferenceCreate",
                  [](Inputs& in) {
                      return ItemReferenceCreate(in.text(0), in.text(1), in.text(2), in.text(3), in.text(4),
@@ -81,10 +89,11 @@ std::vector<Operation> references()
             .takesNames(30)
             .usesDefaults("ItemReferenceCreate", 19, 19)
             .goingOn(updateCountIsSet),
-        onObject("ItemReferenceDelete",
-                 [](Inputs& in) { return ItemReferenceDelete(in.text(0), in.text(1)); })
+        onObject(
+            "ItemReferenceDelete", [](Inputs& in) { return ItemReferenceDelete(in.text(0), in.text(1)); },
+            "ItemReferenceDelete- ")
             .takes("--", 2)
-            .reportedAs("ItemReferenceDelete- "),
+            .endsWith(exitOfDeletion),
     };
 }
 

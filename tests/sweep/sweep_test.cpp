@@ -1,22 +1,42 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// Every operation with each of its server calls failing in turn.
+// Every operation with each of its server calls failing in turn: its story up to the call, the report, and
+// how it goes on or ends.
 #include <algorithm>
+#include <limits>
+#include <sstream>
 
 #include "tests/harness/library_test.h"
 #include "tests/sweep/operations.h"
 
-using harness::countLines;
-using harness::Outcome;
+using harness::story;
 using standin::Call;
 using sweep::CallPattern;
 using sweep::Operation;
 
 namespace {
 
-struct Trial : Outcome {
-    std::vector<Call> serverCalls;
-    int lastRecord = 0;
+/** A story in lines, and the calls in it. */
+struct Trial {
+    std::vector<std::string> lines;
+    std::vector<Call> calls;
+
+    /** The line of call `number`; that of its report in the access log follows. */
+    std::size_t lineOf(std::size_t number) const
+    {
+        std::size_t line = 0;
+        for (; lines.at(line).compare(0, 5, "call ") != 0 || --number > 0; ++line) {
+        }
+        return line;
+    }
+    std::string text(std::size_t first, std::size_t end = std::numeric_limits<std::size_t>::max()) const
+    {
+        std::string text;
+        for (std::size_t line = first; line < std::min(end, lines.size()); ++line) {
+            text += lines[line] + '\n';
+        }
+        return text;
+    }
 };
 
 /** The first pattern that the call matches; null when there is none. */
@@ -30,34 +50,22 @@ const CallPattern* find(const std::vector<CallPattern>& patterns, const Call& ca
     return found == patterns.end() ? nullptr : &*found;
 }
 
-bool matches(const std::vector<CallPattern>& patterns, const Call& call)
+/** The line with another code: that of a call, of its report, or of what is left at the end. */
+std::string withCode(std::string line, int code)
 {
-    return find(patterns, call) != nullptr;
-}
-
-/** What the report of the call's failure names. */
-std::string reporterOf(const Operation& operation, const Call& failed)
-{
-    const CallPattern* const pattern = find(operation.goesOn, failed);
-    if (pattern != nullptr && !pattern->reporter.empty()) {
-        return pattern->reporter;
+    for (const std::string& mark : {std::string(") = "), std::string(" QV_RC=")}) {
+        const std::size_t begin = line.rfind(mark + '0');
+        if (begin != std::string::npos) {
+            return line.replace(begin + mark.size(), 1, std::to_string(code));
+        }
     }
-    return operation.prefix.empty() ? operation.name : operation.prefix;
+    return line;
 }
 
-/** Drops the destroys of own handles that follow call `number`; a handle that is left out leaks, which is
- * told at the end. */
-void dropReleases(std::vector<Call>& calls, std::size_t number)
+/** The line without what stands between its brackets. */
+std::string withoutDetails(const std::string& line)
 {
-    while (calls.size() > number && calls.back().function == "QV_Destroy_Object") {
-        calls.pop_back();
-    }
-}
-
-std::string withoutCode(const Call& call)
-{
-    const std::string line = call.line();
-    return line.substr(0, line.rfind(" = "));
+    return line.substr(0, line.find('(') + 1) + line.substr(line.rfind(')'));
 }
 
 class Sweep : public harness::LibraryTest, public ::testing::WithParamInterface<Operation> {
@@ -66,12 +74,16 @@ protected:
     Trial runAgain(const std::function<void()>& script)
     {
         restart();
-        connect(0);
+        connect(2);
         sweep::prepare(GetParam());
         harness::captureOutput([] { EXPECT_GT(use(), 0); });
         script();
-        const Outcome outcome = record(use);
-        return {outcome, standin::calls(), LastRecNo};
+        std::istringstream told(record(use).story);
+        Trial trial{{}, standin::calls()};
+        for (std::string line; std::getline(told, line);) {
+            trial.lines.push_back(line);
+        }
+        return trial;
     }
     static int use()
     {
@@ -79,91 +91,80 @@ protected:
         return GetParam().run(inputs);
     }
     void failCall(std::size_t number, const Trial& clean);
+    /** The last lines of the story when a call has stopped the operation. */
+    static std::string endWhenStopped(const Trial& clean);
     static void expectPatternsOccur(const Trial& clean, const std::vector<CallPattern>& patterns);
-    static void expectSameCalls(const Trial& failing, std::size_t number, const Trial& clean);
-    static void expectResult(const Trial& failing, int result, int code);
-    static void expectOneReport(const Trial& failing, const std::string& reporter);
 };
 
 /** A row that names a call which is never made would silently test nothing. */
 void Sweep::expectPatternsOccur(const Trial& clean, const std::vector<CallPattern>& patterns)
 {
     for (const CallPattern& pattern : patterns) {
-        EXPECT_TRUE(std::any_of(clean.serverCalls.begin(), clean.serverCalls.end(),
-                                [&](const Call& call) { return matches({pattern}, call); }))
+        EXPECT_TRUE(std::any_of(clean.calls.begin(), clean.calls.end(),
+                                [&](const Call& call) { return find({pattern}, call) != nullptr; }))
             << "never called: " << pattern.function << ' ' << pattern.argument;
     }
 }
 
-/** As far as the failing run went it made the calls of the clean one. */
-void Sweep::expectSameCalls(const Trial& failing, std::size_t number, const Trial& clean)
+std::string Sweep::endWhenStopped(const Trial& clean)
 {
-    for (std::size_t index = 0; index < failing.serverCalls.size(); ++index) {
-        const Call& call = failing.serverCalls[index];
-        const Call& expected = clean.serverCalls[index];
-        const bool isTheFailed = index + 1 == number;
-        EXPECT_EQ(call.code, isTheFailed ? -7 : 0);
-        EXPECT_EQ(call.function, expected.function);
-        if (!isTheFailed) { // a failed create has no handle to show
-            EXPECT_EQ(withoutCode(call), withoutCode(expected));
-        }
-    }
-}
-
-void Sweep::expectResult(const Trial& failing, int result, int code)
-{
-    EXPECT_EQ(failing.result, result);
-    EXPECT_TRUE(GetParam().hasOwnHandles || entries == result);
-    EXPECT_EQ(QV_RC, code);
-    EXPECT_EQ(FromList, GetParam().resultKind);
-}
-
-void Sweep::expectOneReport(const Trial& failing, const std::string& reporter)
-{
-    EXPECT_EQ(failing.output, "****** first text second text .\n");
-    EXPECT_EQ(failing.errorLog, harness::errorBlock(reporter, "first text second text "));
-    EXPECT_EQ(lastError(), "first text second text \n");
-    EXPECT_EQ(countLines(failing.accessLog, ") = -7"), 1);
-    EXPECT_EQ(countLines(failing.accessLog, "SWEEP1 - first text"), 1);
-    EXPECT_EQ(countLines(failing.accessLog, "SWEEP2 - second text"), 1);
+    const std::string& end = clean.lines.back();
+    return GetParam().end + "= 0 FromList=" + GetParam().resultKind +
+           " entries=" + std::to_string(GetParam().hasOwnHandles ? entries : 0) + " LastRecNo=-1 QV_RC=-7" +
+           end.substr(end.find(" Selected")) + '\n';
 }
 
 void Sweep::failCall(std::size_t number, const Trial& clean)
 {
-    const Call& failed = clean.serverCalls[number - 1];
-    SCOPED_TRACE("with call " + std::to_string(number) + " failing: " + withoutCode(failed));
+    const Call& failed = clean.calls[number - 1];
+    SCOPED_TRACE("with call " + std::to_string(number) + " failing: " + failed.line());
     Trial failing = runAgain([&] {
         standin::forgetCalls();
         standin::answerCall(number, -7, {{"SWEEP1", "first text"}, {"SWEEP2", "second text"}});
     });
-    const bool isUnchecked = matches(GetParam().unchecked, failed);
-    const bool goesOn = isUnchecked || matches(GetParam().goesOn, failed);
-
-    if (!goesOn && GetParam().hasOwnHandles) {
-        dropReleases(failing.serverCalls, number);
+    const std::size_t line = clean.lineOf(number);
+    ASSERT_GT(failing.lines.size(), line + 1);
+    const std::string& call = failing.lines[line];
+    EXPECT_EQ(withoutDetails(call), "call " + failed.function + "() = -7"); // it fills no handle and no size
+    if (find(GetParam().unchecked, failed) != nullptr) {
+        EXPECT_EQ(failing.text(0), clean.text(0, line) + call + '\n' + clean.text(line + 1));
+        return;
     }
-    ASSERT_EQ(failing.serverCalls.size(), goesOn ? clean.serverCalls.size() : number);
-    expectSameCalls(failing, number, clean);
-    expectResult(failing, goesOn ? clean.result : 0, goesOn ? 0 : -7);
-    EXPECT_EQ(failing.lastRecord, goesOn ? clean.lastRecord : -1);
-    if (isUnchecked) {
-        EXPECT_EQ(failing.output + failing.errorLog, "");
-        EXPECT_EQ(failing.accessLog, clean.accessLog);
-    } else {
-        expectOneReport(failing, reporterOf(GetParam(), failed));
+    const CallPattern* const goesOn = find(GetParam().goesOn, failed);
+    const std::string writer =
+        goesOn != nullptr && !goesOn->reporter.empty() ? goesOn->reporter : GetParam().writer();
+    const std::string& report = failing.lines[line + 1];
+    EXPECT_EQ(withoutDetails(report), "log  " + writer + "- rc() = -7");
+    if (goesOn == nullptr &&
+        GetParam().hasOwnHandles) { // one that is left out leaks, which is told at the end
+        failing.lines.erase(
+            std::remove_if(failing.lines.begin() + static_cast<std::ptrdiff_t>(line), failing.lines.end(),
+                           [](const std::string& told) { return told.find("call QV_Destroy_Object") == 0; }),
+            failing.lines.end());
     }
+    const std::string failure = '\n' + writer + R"(:
+log SWEEP1 - first text
+log SWEEP2 - second text
+0 ****** first text second text .
+err Function @ generated the following error:
+err first text second text 
+err ---------------------------------------------------------------------
+)";
+    EXPECT_EQ(failing.text(0), clean.text(0, line) + call + '\n' + report + '\n' +
+                                   (goesOn != nullptr ? story(failure) + clean.text(line + 2)
+                                                      : story(failure + endWhenStopped(clean))));
+    EXPECT_EQ(lastError(), "first text second text \n");
 }
 
 TEST_P(Sweep, AFailingCallIsReportedOnceAndStopsTheOperationWhereItShould)
 {
     const Trial clean = runAgain([] {});
-    EXPECT_EQ(clean.output + clean.errorLog, "");
-    ASSERT_FALSE(clean.serverCalls.empty());
+    ASSERT_FALSE(clean.calls.empty());
     expectPatternsOccur(clean, GetParam().goesOn);
     expectPatternsOccur(clean, GetParam().unchecked);
     expectPatternsOccur(clean, GetParam().testedElsewhere);
-    for (std::size_t number = 1; number <= clean.serverCalls.size(); ++number) {
-        if (!matches(GetParam().testedElsewhere, clean.serverCalls[number - 1])) {
+    for (std::size_t number = 1; number <= clean.calls.size(); ++number) {
+        if (find(GetParam().testedElsewhere, clean.calls[number - 1]) == nullptr) {
             failCall(number, clean);
         }
     }
@@ -174,18 +175,15 @@ TEST_P(Sweep, APositiveCodeIsSuccess)
     const Trial clean = runAgain([] {});
     const Trial positive = runAgain([&] {
         standin::forgetCalls();
-        for (std::size_t number = 1; number <= clean.serverCalls.size(); ++number) {
+        for (std::size_t number = 1; number <= clean.calls.size(); ++number) {
             standin::answerCall(number, 3, {{"SWEEP1", "not to be read"}});
         }
     });
-    EXPECT_EQ(positive.result, clean.result);
-    EXPECT_EQ(positive.output + positive.errorLog, "");
-    EXPECT_EQ(countLines(positive.accessLog), countLines(clean.accessLog));
-    ASSERT_EQ(positive.serverCalls.size(), clean.serverCalls.size());
-    for (std::size_t index = 0; index < clean.serverCalls.size(); ++index) {
-        EXPECT_EQ(withoutCode(positive.serverCalls[index]), withoutCode(clean.serverCalls[index]));
-        EXPECT_EQ(positive.serverCalls[index].code, 3);
+    std::string expected;
+    for (const std::string& line : clean.lines) {
+        expected += withCode(line, 3) + '\n';
     }
+    EXPECT_EQ(positive.text(0), expected);
 }
 
 INSTANTIATE_TEST_SUITE_P(Operations, Sweep, ::testing::ValuesIn(sweep::allOperations()),
