@@ -3,16 +3,14 @@
 
 #include "tests/harness/library_test.h"
 
-using harness::Outcome;
-using harness::story;
-using harness::writeFile;
+using namespace harness;
 
 namespace {
 
 constexpr const char* sharedFile = "QVL_RZM_DEFAULT";
 constexpr const char* localFile = "My_QVL_RZM_DEFAULT";
 
-class Defaults : public harness::LibraryTest {
+class Defaults : public LibraryTest {
 protected:
     /** The pairs of "ItemCreate" as "name=value;" in their order. */
     static std::string pairs(const char* operation = "ItemCreate")
@@ -40,8 +38,8 @@ protected:
 TEST_F(Defaults, WithoutAFileThereAreNone)
 {
     atEachLevel([] {
-        VELListValVELUnicodeString names = harness::textList({"left", "over"});
-        VELListValVELUnicodeString values = harness::textList({"before"});
+        VELListValVELUnicodeString names = textList({"left", "over"});
+        VELListValVELUnicodeString values = textList({"before"});
         EXPECT_EQ(record([&] { return DefaultRead("ItemCreate", names, values); }).story, story(R"(
 2 DefaultRead-----Start------------------------------.
 2 DefaultRead-----Exit----NbOfDefault=0--------.
@@ -168,21 +166,21 @@ TEST_F(Defaults, TheDirectoryOfTheSharedFileComesFromTheEnvironmentAtEachCall)
     writeFile(sharedFile, "ItemCreate a here\nItemCreate b here\n");
     writeFile("site/My_QVL_RZM_DEFAULT", "ItemCreate c wrong\n");
     const auto expectRead = [](const std::string& path) {
-        EXPECT_EQ(harness::countLines(read().output, "DefaultRead- Reading defaults from " + path + "."), 1);
+        EXPECT_EQ(countLines(read().output, "DefaultRead- Reading defaults from " + path + "."), 1);
     };
     setEnvironment("RZM_DEFAULT_DIRECTORY", "site");
-    harness::captureOutput([] { EXPECT_EQ(pairs(), "a=site;"); });
+    captureOutput([] { EXPECT_EQ(pairs(), "a=site;"); });
     expectRead("site/QVL_RZM_DEFAULT");
 
     writeFile(localFile, "ItemCreate a local\n");
-    harness::captureOutput([] { EXPECT_EQ(pairs(), "a=local;"); });
+    captureOutput([] { EXPECT_EQ(pairs(), "a=local;"); });
     expectRead("./My_QVL_RZM_DEFAULT");
 
     setEnvironment("RZM_DEFAULT_DIRECTORY", "");
-    harness::captureOutput([] { EXPECT_EQ(pairs(), "a=local;"); });
+    captureOutput([] { EXPECT_EQ(pairs(), "a=local;"); });
 
     setEnvironment("RZM_DEFAULT_DIRECTORY", std::nullopt);
-    harness::captureOutput([] { EXPECT_EQ(pairs(), "a=local;b=here;"); });
+    captureOutput([] { EXPECT_EQ(pairs(), "a=local;b=here;"); });
 }
 
 TEST_F(Defaults, ADirectoryThatIsTooLongIsSkippedWithAWarning)
@@ -201,17 +199,17 @@ TEST_F(Defaults, ADirectoryThatIsTooLongIsSkippedWithAWarning)
         writeFile(sharedFile, "ItemCreate a shared\n");
         writeFile(localFile, "ItemCreate b local\n");
         setEnvironment("RZM_DEFAULT_DIRECTORY", directoryOf(longest));
-        harness::captureOutput([] { EXPECT_EQ(pairs(), "a=shared;b=local;"); });
+        captureOutput([] { EXPECT_EQ(pairs(), "a=shared;b=local;"); });
 
         for (const std::string& directory : {directoryOf(longest + 1), std::string(10000, 'd')}) {
             setEnvironment("RZM_DEFAULT_DIRECTORY", directory);
-            harness::captureOutput([] { EXPECT_EQ(pairs(), "b=local;"); });
+            captureOutput([] { EXPECT_EQ(pairs(), "b=local;"); });
             const Outcome outcome = read();
             // Start, the local file and exit at level 2, the pair at 5; the rest is the warning.
             const int usual = (level >= 2 ? 3 : 0) + (level >= 5 ? 1 : 0);
-            EXPECT_EQ(harness::countLines(outcome.output), usual + (level >= 0 ? 1 : 0));
-            EXPECT_EQ(harness::countLines(outcome.output, "DefaultRead"), usual + (level >= 0 ? 1 : 0));
-            EXPECT_EQ(harness::countLines(outcome.accessLog), 1 + (level >= 3 ? 2 : 0));
+            EXPECT_EQ(countLines(outcome.output), usual + (level >= 0 ? 1 : 0));
+            EXPECT_EQ(countLines(outcome.output, "DefaultRead"), usual + (level >= 0 ? 1 : 0));
+            EXPECT_EQ(countLines(outcome.accessLog), 1 + (level >= 3 ? 2 : 0));
         }
     });
 }

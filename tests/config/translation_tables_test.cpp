@@ -1,16 +1,25 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/harness/library_test.h"
 
-using harness::countLines;
-using harness::errorBlock;
-using harness::Outcome;
-using harness::story;
-using harness::textList;
-using harness::writeFile;
+using namespace harness;
 
 namespace {
 
-class TranslationTables : public harness::LibraryTest {
+/** What both functions tell of the table. */
+const std::string readTable = R"(> QV_SizeOf_Xlat("COLOUR_TAB", 3) = 0
+5 @- XlatSize=3-. > QV_Read_Xlat("COLOUR_TAB", 0) = 0 as QV_ReadXlat
+9 @- 0-1<=>red<. > QV_Read_Xlat("COLOUR_TAB", 1) = 0 as QV_ReadXlat
+9 @- 1-2<=><. > QV_Read_Xlat("COLOUR_TAB", 2) = 0 as QV_ReadXlat
+9 @- 2-3<=>blue<.
+5 @- 1=red.
+log @ 1 <=> red
+5 @- 2=.
+log @ 2 <=> 
+5 @- 3=blue.
+log @ 3 <=> blue
+)";
+
+class TranslationTables : public LibraryTest {
 protected:
     using Reader = decltype(&XlatRead);
 
@@ -59,18 +68,7 @@ XlatRead:
 5 @- colour=COLOUR_TAB.
 5 @-     XlatName=COLOUR_TAB.
 log @ colour COLOUR_TAB
-> QV_SizeOf_Xlat("COLOUR_TAB", 3) = 0
-5 @- XlatSize=3-. > QV_Read_Xlat("COLOUR_TAB", 0) = 0 as QV_ReadXlat
-9 @- 0-1<=>red<. > QV_Read_Xlat("COLOUR_TAB", 1) = 0 as QV_ReadXlat
-9 @- 1-2<=><. > QV_Read_Xlat("COLOUR_TAB", 2) = 0 as QV_ReadXlat
-9 @- 2-3<=>blue<.
-5 @- 1=red.
-log @ 1 <=> red
-5 @- 2=.
-log @ 2 <=> 
-5 @- 3=blue.
-log @ 3 <=> blue
-2 @-----Exit------------XlatSize=3--------------------.
+)" + readTable + R"(2 @-----Exit------------XlatSize=3--------------------.
 = 3 FromList= entries=7 LastRecNo=0 QV_RC=0 SelectedAttribute=[]
 )"));
         EXPECT_EQ(pairs(), "1=red;2=;3=blue;");
@@ -86,18 +84,7 @@ TEST_F(TranslationTables, AreReadByTheServersName)
 XlatRead2:
 2 @-----Start---- XlatName=COLOUR_TAB.
 log @ COLOUR_TAB
-> QV_SizeOf_Xlat("COLOUR_TAB", 3) = 0
-5 @- XlatSize=3-. > QV_Read_Xlat("COLOUR_TAB", 0) = 0 as QV_ReadXlat
-9 @- 0-1<=>red<. > QV_Read_Xlat("COLOUR_TAB", 1) = 0 as QV_ReadXlat
-9 @- 1-2<=><. > QV_Read_Xlat("COLOUR_TAB", 2) = 0 as QV_ReadXlat
-9 @- 2-3<=>blue<.
-5 @- 1=red.
-log @ 1 <=> red
-5 @- 2=.
-log @ 2 <=> 
-5 @- 3=blue.
-log @ 3 <=> blue
-2 @-----Exit------------XlatSize=3--------------------.
+)" + readTable + R"(2 @-----Exit------------XlatSize=3--------------------.
 = 3 FromList= entries=0 LastRecNo=0 QV_RC=0 SelectedAttribute=[]
 )"));
         EXPECT_EQ(pairs(), "1=red;2=;3=blue;");

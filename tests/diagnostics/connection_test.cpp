@@ -3,12 +3,7 @@
 
 #include "tests/harness/library_test.h"
 
-using harness::captureOutput;
-using harness::errorBlock;
-using harness::lines;
-using harness::Outcome;
-using harness::readFile;
-using harness::story;
+using namespace harness;
 
 namespace {
 
@@ -22,7 +17,7 @@ std::string logHeader(const std::string& banner)
            "*****      VELRZM : VELOR/HXD - Quorvanemaster Integration      *****\n" + banner + '\n' + stars;
 }
 
-class Connection : public harness::LibraryTest {
+class Connection : public LibraryTest {
 protected:
     /** A first connection as `connect` makes it, for tests that look at it. */
     Outcome firstConnect(int level = 0)
@@ -69,7 +64,7 @@ err *********************************************************************
 0 RZM 424.1 / QV 340.
 QvConnect:
 0 @ --- Connecting to Quorvanemaster: trying ..... > QV_Open_Env() = 0
-0 @ --- Loging as user jdoe: trying ..... > QV_Logon("jdoe", "secret", "", "") = 0 as QV_Logon "" ""
+0 @ --- Loging as user jdoe: trying ..... > QV_Logon("jdoe", "secret", "", "") = 0 as QV_Logon ""
 1 @ --- ************************************.
 1 @ --- *** @- RC(QV_Logon)=0.
 1 @ --- ************************************.
@@ -87,8 +82,8 @@ TEST_F(Connection, PositiveCodesConnectAndDisconnect)
     }
     const Outcome outcome = firstConnect(1);
     EXPECT_EQ(outcome.result, 1);
-    EXPECT_EQ(harness::countLines(outcome.output, "QvConnect --- *** QvConnect- RC(QV_Logon)=3."), 1);
-    EXPECT_EQ(harness::countLines(outcome.output, "QvConnect --- ... done!."), 1);
+    EXPECT_EQ(countLines(outcome.output, "QvConnect --- *** QvConnect- RC(QV_Logon)=3."), 1);
+    EXPECT_EQ(countLines(outcome.output, "QvConnect --- ... done!."), 1);
     expectState(1, 1);
     EXPECT_EQ(exitLibrary().result, 1);
     expectState(0, 0);
@@ -131,14 +126,14 @@ QvConnect --- ... done!.
 TEST_F(Connection, TheFilesAreWhereTheEnvironmentSaysAndAreEmptiedFirst)
 {
     for (const char* const path : {"access", "errors", "last"}) {
-        harness::writeFile(path, std::string(5000, 'o'));
+        writeFile(path, std::string(5000, 'o'));
     }
     setEnvironment("QVL_LOG_FILE", "access");
     setEnvironment("QVL_LOG_ERROR", "errors");
     setEnvironment("QVL_LAST_ERROR", "last");
     const Outcome outcome = record(logOn);
-    EXPECT_EQ(harness::countLines(outcome.output, "Opening LogFile access"), 1);
-    EXPECT_EQ(harness::countLines(outcome.output, "Opening Error LogFile errors"), 1);
+    EXPECT_EQ(countLines(outcome.output, "Opening LogFile access"), 1);
+    EXPECT_EQ(countLines(outcome.output, "Opening Error LogFile errors"), 1);
     EXPECT_EQ(readFile("access"),
               logHeader(accessBanner) + "QvConnect- rc(QV_Open_Env) = 0\nQvConnect- rc(QV_Logon) = 0\n");
     EXPECT_EQ(readFile("errors"), logHeader(errorBanner));
@@ -216,7 +211,7 @@ TEST_F(Connection, ALogonThatIsRefusedIsReportedAndTriedAgainInTheOpenEnvironmen
         EXPECT_EQ(first.errorLog, logHeader(errorBanner) + errorBlock("QvConnect", "Unknown user "));
         EXPECT_EQ(record(logOn).story, story(R"(
 QvConnect:
-0 @ --- Loging as user jdoe: trying ..... > QV_Logon("jdoe", "secret", "", "") = -7 as QV_Logon "" ""
+0 @ --- Loging as user jdoe: trying ..... > QV_Logon("jdoe", "secret", "", "") = -7 as QV_Logon ""
 ! E1 - Unknown user
 1 @ --- ************************************.
 1 @ --- *** @- RC(QV_Logon)=-7.

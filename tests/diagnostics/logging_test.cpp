@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/harness/library_test.h"
 
-using harness::Text;
+using namespace harness;
 
 namespace {
 
-class Logging : public harness::LibraryTest {};
+class Logging : public LibraryTest {};
 
 TEST_F(Logging, JoinsOneToSixTextsWithSingleBlanksAtEveryLevel)
 {
@@ -68,7 +68,7 @@ TEST_F(Logging, DoesNothingWhileTheAccessLogIsClosed)
     EXPECT_EQ(before.output + before.accessLog + before.errorLog, "");
 
     connect();
-    harness::captureOutput([] { QvExit(); });
+    captureOutput([] { QvExit(); });
     const auto after = record([] {
         QVL_Log(Text("a"), Text("b"));
         return 0;

@@ -4,14 +4,11 @@
 
 #include "tests/harness/library_test.h"
 
-using harness::errorBlock;
-using harness::Outcome;
-using harness::story;
-using harness::Text;
+using namespace harness;
 
 namespace {
 
-class ReturnCodes : public harness::LibraryTest {
+class ReturnCodes : public LibraryTest {
 protected:
     /** Checks the code of a call that set "id" to "A-100". */
     static Outcome check(int code, int stopFlag) { return checkDetails("id", "A-100", code, stopFlag); }
@@ -225,7 +222,7 @@ TEST_F(ReturnCodes, TheLastErrorFileIsWhereTheEnvironmentSaysAtEachFailure)
         DisplayError("Import", "File is empty");
         return 0;
     });
-    EXPECT_EQ(harness::readFile("elsewhere"), "File is empty\n");
+    EXPECT_EQ(readFile("elsewhere"), "File is empty\n");
     EXPECT_EQ(lastError(), version);
 
     setEnvironment("QVL_LAST_ERROR", "no/such/directory/" + std::string(300, 'd'));
@@ -235,7 +232,7 @@ TEST_F(ReturnCodes, TheLastErrorFileIsWhereTheEnvironmentSaysAtEachFailure)
     });
     EXPECT_EQ(outcome.output, "");
     EXPECT_EQ(outcome.errorLog, errorBlock("Import", "File is full"));
-    EXPECT_EQ(harness::readFile("elsewhere"), "File is empty\n");
+    EXPECT_EQ(readFile("elsewhere"), "File is empty\n");
 }
 
 } // namespace

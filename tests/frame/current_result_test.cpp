@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/harness/library_test.h"
 
-using harness::Names;
-using harness::Outcome;
-using harness::story;
-using harness::Text;
+using namespace harness;
 
 namespace {
 
-class CurrentResult : public harness::LibraryTest {
+class CurrentResult : public LibraryTest {
 protected:
     static void makeListAndReport()
     {
@@ -101,7 +98,7 @@ TEST_F(CurrentResult, AnObjectOperationLeavesTheListAlive)
     Names names({"id"});
     const Outcome outcome = record([&] { return open(names); });
     EXPECT_EQ(outcome.result, 1);
-    EXPECT_EQ(harness::countLines(outcome.calls, "QV_Destroy_List"), 0);
+    EXPECT_EQ(countLines(outcome.calls, "QV_Destroy_List"), 0);
     EXPECT_NE(QV_ListPtr, nullptr);
     standin::setValue("id", "EC-OBJECT");
     char value[QV_MAX_VALUE_LENGTH + 1];

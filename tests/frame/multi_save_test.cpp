@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/harness/library_test.h"
 
-using harness::Outcome;
-using harness::story;
+using namespace harness;
 
 namespace {
 
@@ -18,7 +17,7 @@ const Step start{"MultiSaveStart", MultiSaveStart, "QV_Start_Multisave", " as QV
 const Step commit{"MultiSaveCommit", MultiSaveCommit, "QV_Commit_Multisave", ""};
 const Step discard{"MultiSaveDiscard", MultiSaveDiscard, "QV_Discard_Multisave", ""};
 
-class MultiSave : public harness::LibraryTest {
+class MultiSave : public LibraryTest {
 protected:
     /** Uses a step with a multi-save open and another result than its own. */
     static Outcome use(const Step& step)
@@ -77,7 +76,7 @@ TEST_F(MultiSave, OneBracketIsEndedOnceAndASecondStartIsCalledAgain)
     // The flag is that of the last start.
     MultiSaveStart();
     standin::answer("QV_Start_Multisave", -7);
-    harness::captureOutput([] { EXPECT_EQ(MultiSaveStart(), 0); });
+    captureOutput([] { EXPECT_EQ(MultiSaveStart(), 0); });
     EXPECT_EQ(record(MultiSaveCommit).calls, "");
 }
 

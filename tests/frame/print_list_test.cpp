@@ -8,8 +8,7 @@
 #include "tests/harness/files.h"
 #include "tests/harness/texts.h"
 
-using harness::lines;
-using harness::writeFile;
+using namespace harness;
 
 namespace {
 
@@ -68,7 +67,7 @@ protected:
     }
 
 private:
-    harness::TemporaryDirectory directory_;
+    TemporaryDirectory directory_;
 };
 
 TEST_F(PrintList, IsReadObjectByObject)

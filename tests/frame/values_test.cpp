@@ -4,16 +4,13 @@
 
 #include "tests/harness/library_test.h"
 
-using harness::Names;
-using harness::Outcome;
-using harness::story;
-using harness::Text;
+using namespace harness;
 
 namespace {
 
 constexpr char canary = '#';
 
-class Values : public harness::LibraryTest {
+class Values : public LibraryTest {
 protected:
     void SetUp() override
     {
@@ -40,7 +37,7 @@ protected:
     static void makeObjectResult(const std::vector<std::string>& names)
     {
         Names array(names);
-        harness::captureOutput([&] { ASSERT_EQ(EngineeringChangeOpen(Text("7"), Text("EC-1"), array), 1); });
+        captureOutput([&] { ASSERT_EQ(EngineeringChangeOpen(Text("7"), Text("EC-1"), array), 1); });
     }
     /** Three changes with "id" and "desc" selected, as captured from an array. */
     static void makeThreeChanges()
@@ -174,7 +171,7 @@ log             id = EC-1
         EXPECT_STREQ(value_, "EC-1");
         EXPECT_EQ(byName(1, "desc").calls, "QV_Get_Object_Attr(obj1, \"desc\") = 0\n");
         EXPECT_EQ(bySlot(1, 1).calls, "QV_Get_Object_Attr(obj1, \"desc\") = 0\n");
-        EXPECT_EQ(bySlot(2, 1).calls, harness::lines(R"(
+        EXPECT_EQ(bySlot(2, 1).calls, lines(R"(
 QV_Destroy_Object(obj1) = 0
 QV_Read_List(list1, 2, obj2) = 0
 QV_Get_Object_Attr(obj2, "desc") = 0
@@ -194,7 +191,7 @@ TEST_F(Values, AlternatingBetweenRecordsReadsEachTime)
         for (const int number : records) {
             calls += byName(number, "id").calls;
         }
-        return harness::countLines(calls, "QV_Read_List(");
+        return countLines(calls, "QV_Read_List(");
     };
     EXPECT_EQ(reads({2, 2}), 1);
     EXPECT_EQ(reads({1, 2, 1}), 3);
@@ -206,7 +203,7 @@ TEST_F(Values, TheObjectOfAnEarlierOperationIsDestroyedBeforeTheFirstRecord)
     connect();
     makeObjectResult({"id"});
     makeThreeChanges();
-    EXPECT_EQ(byName(0, "id").calls, harness::lines(R"(
+    EXPECT_EQ(byName(0, "id").calls, lines(R"(
 QV_Destroy_Object(obj1) = 0
 QV_Read_List(list1, 0, obj2) = 0
 QV_Get_Object_Attr(obj2, "id") = 0
@@ -405,12 +402,12 @@ TEST_F(Values, NullArgumentsNeverCrash)
         EXPECT_EQ(value_, std::string(entries > 0 ? "EC-0" : ""));
     };
     connect(9);
-    harness::captureOutput(useNulls);
+    captureOutput(useNulls);
     makeObjectResult({"id"});
     standin::setValue("id", "EC-0");
-    harness::captureOutput(useNulls);
+    captureOutput(useNulls);
     makeThreeChanges();
-    harness::captureOutput(useNulls);
+    captureOutput(useNulls);
 }
 
 TEST_F(Values, LongValuesAreReadWhole)
@@ -422,8 +419,8 @@ TEST_F(Values, LongValuesAreReadWhole)
     const Outcome outcome = byName(0, "desc");
     EXPECT_EQ(value_, text);
     EXPECT_EQ(value_[text.size() + 1], canary);
-    EXPECT_EQ(harness::countLines(outcome.output, "GetValue- Value=" + text + "-."), 1);
-    EXPECT_EQ(harness::countLines(outcome.accessLog, "            desc = " + text), 1);
+    EXPECT_EQ(countLines(outcome.output, "GetValue- Value=" + text + "-."), 1);
+    EXPECT_EQ(countLines(outcome.accessLog, "            desc = " + text), 1);
 }
 
 TEST_F(Values, TheSizedReadersNeverWritePastTheBuffer)
@@ -450,7 +447,7 @@ TEST_F(Values, TheSizedReadersNeverWritePastTheBuffer)
         expectRead(value_, 13 - size, "0123456789");
     }
     clearBuffers();
-    harness::captureOutput([this] {
+    captureOutput([this] {
         GetValue(0, "desc", value_, 0);
         GetAttributeValue(0, 0, name_, 0, value_, 0);
     });
@@ -474,7 +471,7 @@ TEST_F(Values, AStoredChangeIsReadByNameWhileTheSelectionIsStale)
 {
     connect();
     makeObjectResult({"desc"});
-    harness::captureOutput([] { ASSERT_EQ(EngineeringChangeCreate("EC-2", "", "", "", ""), 1); });
+    captureOutput([] { ASSERT_EQ(EngineeringChangeCreate("EC-2", "", "", "", ""), 1); });
     standin::setValue("db_object_id", "4711");
     standin::setValue("desc", "stale");
     EXPECT_EQ(byName(0, "db_object_id").result, 1);

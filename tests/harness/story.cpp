@@ -35,6 +35,9 @@ public:
     ~Recorder() override
     {
         readLogs();
+        if (!line_.empty()) {
+            add("out ", line_ + " (without an end)", outcome_.output);
+        }
         std::cout.rdbuf(original_);
         standin::observe({});
     }

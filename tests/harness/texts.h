@@ -41,7 +41,6 @@ public:
     ~Names() = default;
     // NOLINTNEXTLINE(google-explicit-constructor): stands where a `char**` is asked for
     operator char**() { return pointers_.data(); }
-    const std::vector<std::string>& all() const { return names_; }
 
 private:
     std::vector<std::string> names_;

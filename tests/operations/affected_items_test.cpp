@@ -1,16 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/harness/library_test.h"
 
-using harness::countLines;
-using harness::Names;
-using harness::Outcome;
-using harness::story;
-using harness::Text;
-using harness::writeFile;
+using namespace harness;
 
 namespace {
 
-class AffectedItems : public harness::LibraryTest {
+class AffectedItems : public LibraryTest {
 protected:
     static Outcome create(const std::string& change, const std::string& item, const std::string& action,
                           const std::vector<std::string>& names = {})
@@ -93,31 +88,11 @@ log @ ...AffectedItem was  created
 TEST_F(AffectedItems, AnEmptyActionIsAChange)
 {
     connect(2);
-    EXPECT_EQ(create("EC-1", "BR-1", "").story, story(R"(
-AffectedItemCreate:
-2 @---Start------------------------------.
-2 @- Calling DefaultRead for @.
-2 DefaultRead-----Start------------------------------.
-2 @- rc(DefaultRead)=0.
-2 @- Printing Input Attributes ....
-2 @-      EC Number=EC-1-.
-2 @-      Item Number=BR-1-.
-2 @-      Action=-.
-2 @- Printing Selected Attributes ....
-log @ ItemNumber=BR-1, EcNumber=EC-1, Action=
-- QV_Destroy_Object(null) = 0
-> QV_Create_Object(obj1, "AffectedItem") = 0
-2 @- Set required fields for cl_save.
-2 @-      ec@id=EC-1-. > QV_Set_Object_Attr(obj1, "ec@id", "EC-1") = 0
-2 @-      item_number=BR-1-. > QV_Set_Object_Attr(obj1, "item_number", "BR-1") = 0
-2 @-      change_action@curr_key=CHG-. > QV_Set_Object_Attr(obj1, "change_action@curr_key", "CHG") = 0
-2 @-    update_count=-. > QV_Set_Object_Attr(obj1, "update_count", "") = 0
-2 @- Set fields to be selected for cl_save.
-2 @- Execute Save method. > QV_Save_Object(obj1) = 0
-log @ ...AffectedItem was  created
-2 @---Exit------------entries/rc=1--------------------.
-= 1 FromList=Object entries=1 LastRecNo=-1 QV_RC=0 SelectedAttribute=[]
-)"));
+    const Outcome outcome = create("EC-1", "BR-1", "");
+    EXPECT_EQ(countLines(outcome.output, "AffectedItemCreate-      Action=-."), 1);
+    EXPECT_EQ(countLines(outcome.accessLog, "AffectedItemCreate ItemNumber=BR-1, EcNumber=EC-1, Action="), 1);
+    EXPECT_EQ(countLines(outcome.output, "AffectedItemCreate-      change_action@curr_key=CHG-."), 1);
+    EXPECT_EQ(countLines(outcome.calls, R"("change_action@curr_key", "CHG")"), 1);
 }
 
 TEST_F(AffectedItems, ALineOfTheInputsThatDoesNotFitIsCutInTheLogAlone)
@@ -159,7 +134,7 @@ AffectedItemQuery:
 = 2 FromList=List entries=2 LastRecNo=-1 QV_RC=0 SelectedAttribute=[item_number, item_status]
 )--"));
         char value[QV_MAX_VALUE_LENGTH + 1];
-        harness::captureOutput([&] { EXPECT_EQ(GetValue(1, "item_number", value), 1); });
+        captureOutput([&] { EXPECT_EQ(GetValue(1, "item_number", value), 1); });
         EXPECT_STREQ(value, "BR-2");
         EXPECT_EQ(query("4711").calls.substr(0, 30), "QV_Destroy_List(list1) = 0\nQV_");
     });

@@ -3,17 +3,11 @@
 // Headers of bills of material and the explosion.
 #include "tests/harness/library_test.h"
 
-using harness::countLines;
-using harness::Names;
-using harness::numberedNames;
-using harness::Outcome;
-using harness::story;
-using harness::Text;
-using harness::writeFile;
+using namespace harness;
 
 namespace {
 
-class BomHeader : public harness::LibraryTest {
+class BomHeader : public LibraryTest {
 protected:
     static Outcome create(const std::vector<std::string>& names = {"db_object_id", "desc"})
     {
@@ -123,7 +117,7 @@ TEST_F(BomHeader, AFailureBehindTheOpeningStopsTheCreation)
     }
 }
 
-class BomExplosion : public harness::LibraryTest {
+class BomExplosion : public LibraryTest {
 protected:
     static Outcome explode(const std::vector<std::string>& parameters, const std::vector<std::string>& values,
                            const std::vector<std::string>& names)

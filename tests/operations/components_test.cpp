@@ -3,16 +3,11 @@
 // Component lines and their references.
 #include "tests/harness/library_test.h"
 
-using harness::countLines;
-using harness::lines;
-using harness::Names;
-using harness::Outcome;
-using harness::story;
-using harness::Text;
+using namespace harness;
 
 namespace {
 
-class Components : public harness::LibraryTest {
+class Components : public LibraryTest {
 protected:
     static Outcome create(const char* type)
     {
@@ -27,7 +22,7 @@ protected:
     }
     static Outcome open(std::initializer_list<const char*> names)
     {
-        auto list = harness::textList(names);
+        auto list = textList(names);
         return record([&] { return ComponentOpen(Text("4711x"), Text("ec-1a"), list); });
     }
 };
@@ -130,7 +125,7 @@ log @ ...Component was  found
     });
 }
 
-class ComponentReferences : public harness::LibraryTest {
+class ComponentReferences : public LibraryTest {
 protected:
     static Outcome save()
     {

@@ -3,19 +3,16 @@
 // The opening of a document revision and the list that ends with the latest one.
 #include "tests/harness/library_test.h"
 
-using harness::countLines;
-using harness::Outcome;
-using harness::story;
-using harness::Text;
+using namespace harness;
 
 namespace {
 
-class DocumentOpening : public harness::LibraryTest {
+class DocumentOpening : public LibraryTest {
 protected:
     static Outcome open(const std::string& documentNumber, const std::string& revision,
                         std::initializer_list<const char*> names = {})
     {
-        auto list = harness::textList(names);
+        auto list = textList(names);
         return record([&] { return DocumentOpen(Text(documentNumber), Text(revision), list); });
     }
     static Outcome list(const char* documentNumber)

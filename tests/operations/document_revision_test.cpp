@@ -5,12 +5,7 @@
 
 #include "tests/harness/library_test.h"
 
-using harness::countLines;
-using harness::Names;
-using harness::Outcome;
-using harness::story;
-using harness::Text;
-using harness::writeFile;
+using namespace harness;
 
 namespace {
 
@@ -22,7 +17,7 @@ struct Buffers {
     std::string texts() const { return std::string(number.data()) + ' ' + identifier.data(); }
 };
 
-class DocumentRevision : public harness::LibraryTest {
+class DocumentRevision : public LibraryTest {
 protected:
     /** The server's answers: the base revision's control number, and B as the last of two revisions. */
     static void prepare(std::optional<std::string> controlNumber)

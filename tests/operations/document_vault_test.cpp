@@ -5,10 +5,7 @@
 
 #include "tests/harness/library_test.h"
 
-using harness::Names;
-using harness::Outcome;
-using harness::story;
-using harness::Text;
+using namespace harness;
 
 namespace {
 
@@ -29,7 +26,7 @@ void PrintTo(const VaultOperation& operation, std::ostream* stream)
     *stream << operation.name;
 }
 
-class DocumentVault : public harness::LibraryTest, public ::testing::WithParamInterface<VaultOperation> {
+class DocumentVault : public LibraryTest, public ::testing::WithParamInterface<VaultOperation> {
 protected:
     static Outcome run(const std::string& revision, char** names)
     {
@@ -41,8 +38,8 @@ TEST_P(DocumentVault, AVersionIsOpenedGivenItsDefaultsAndMoved)
 {
     const VaultOperation& vault = GetParam();
     atEachLevel([&] {
-        harness::writeFile("QVL_RZM_DEFAULT",
-                           vault.name + " site A\nDocument no no\n" + vault.name + " doc_type DRW\n");
+        writeFile("QVL_RZM_DEFAULT",
+                  vault.name + " site A\nDocument no no\n" + vault.name + " doc_type DRW\n");
         EXPECT_EQ(run("a", Names({"doc_type", "db_object_id"})).story,
                   story('\n' + vault.name + R"(:
 2 @-----Start------------------------------.
@@ -97,7 +94,7 @@ TEST_P(DocumentVault, InputsThatDoNotFitTheLogLineAreCutThereAndNowhereElse)
               GetParam().name +
                   " DbObjectId=4711x, DocumentNumber=D-1B, RevisionNumber=" + revision.substr(0, 201));
     EXPECT_EQ(outcome.output, "");
-    EXPECT_EQ(harness::countLines(outcome.calls, '"' + revision + '"'), 1);
+    EXPECT_EQ(countLines(outcome.calls, '"' + revision + '"'), 1);
 }
 
 INSTANTIATE_TEST_SUITE_P(

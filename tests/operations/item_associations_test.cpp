@@ -1,15 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/harness/library_test.h"
 
-using harness::countLines;
-using harness::Names;
-using harness::Outcome;
-using harness::story;
-using harness::Text;
+using namespace harness;
 
 namespace {
 
-class ItemAssociations : public harness::LibraryTest {
+class ItemAssociations : public LibraryTest {
 protected:
     static Outcome open(const std::string& id, const std::string& item, const std::string& change,
                         const std::vector<std::string>& names = {})

@@ -1,15 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/harness/library_test.h"
 
-using harness::Outcome;
-using harness::story;
-using harness::Text;
-using harness::textList;
-using harness::writeFile;
+using namespace harness;
 
 namespace {
 
-class ItemEffectivity : public harness::LibraryTest {
+class ItemEffectivity : public LibraryTest {
 protected:
     static Outcome create(const std::string& unit, VELListValVELUnicodeString names = {},
                           VELListValVELUnicodeString values = {}, VELListValVELUnicodeString selected = {})
@@ -75,9 +71,8 @@ TEST_F(ItemEffectivity, NothingButTheKeysIsEnough)
     connect(2);
     const Outcome outcome = create("");
     EXPECT_EQ(outcome.result, 1);
-    EXPECT_EQ(harness::countLines(outcome.calls, "\"cut_in_unit\", \"\""), 1);
-    EXPECT_EQ(harness::countLines(outcome.output, "..."), 2)
-        << "the headings of the empty lists are left out";
+    EXPECT_EQ(countLines(outcome.calls, "\"cut_in_unit\", \"\""), 1);
+    EXPECT_EQ(countLines(outcome.output, "..."), 2) << "the headings of the empty lists are left out";
 }
 
 } // namespace

@@ -3,16 +3,11 @@
 // The references from items to documents.
 #include "tests/harness/library_test.h"
 
-using harness::countLines;
-using harness::Names;
-using harness::Outcome;
-using harness::story;
-using harness::Text;
-using harness::writeFile;
+using namespace harness;
 
 namespace {
 
-class ItemReferences : public harness::LibraryTest {
+class ItemReferences : public LibraryTest {
 protected:
     static Outcome create(const std::string& change, const std::vector<std::string>& names = {})
     {

@@ -1,19 +1,38 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/harness/library_test.h"
 
-using harness::countLines;
-using harness::Outcome;
-using harness::story;
-using harness::Text;
-using harness::textList;
-using harness::writeFile;
+using namespace harness;
 
 namespace {
 
 using Function = decltype(&ItemCreate);
 using List = VELListValVELUnicodeString;
 
-class Items : public harness::LibraryTest {
+/** What both operations tell from the reading of the defaults to the new object. */
+const std::string inputsAndObject = R"(2 DefaultRead-----Start------------------------------.
+2 @- rc(DefaultRead)=2.
+2 @- Printing Input Attributes ....
+2 @\tEcNumber=EC-12A.
+2 @\tItemNumber=BR-100.
+2 @\tItemName=BRACKET.
+2 @\tItemType=Pt.
+2 @-     ... plus some other Input Attributes ....
+2 @   name=given-.
+2 @   skipped=-.
+2 @   unit=KG-.
+2 @   null=-.
+2 @   weight=5-.
+2 @-     ... and eventually, some Default Attributes ....
+2 @-     name=default-.
+2 @-     unit=EA-.
+2 @ Printing Selected Attributes ....
+2 @-   db_object_id-.
+2 @-   status-.
+- QV_Destroy_Object(null) = 0
+> QV_Create_Object(obj1, "ItemEngineeringData") = 0
+)";
+
+class Items : public LibraryTest {
 protected:
     static Outcome run(Function operation, const char* type = "Pt", List names = {}, List values = {},
                        List selected = {})
@@ -40,28 +59,7 @@ TEST_F(Items, AnItemIsCreatedFromDefaultsPairsAndFixedAttributesInThisOrder)
 ItemCreate:
 2 @-----Start------------------------------.
 2 @- Calling DefaultRead for @.
-2 DefaultRead-----Start------------------------------.
-2 @- rc(DefaultRead)=2.
-2 @- Printing Input Attributes ....
-2 @\tEcNumber=EC-12A.
-2 @\tItemNumber=BR-100.
-2 @\tItemName=BRACKET.
-2 @\tItemType=Pt.
-2 @-     ... plus some other Input Attributes ....
-2 @   name=given-.
-2 @   skipped=-.
-2 @   unit=KG-.
-2 @   null=-.
-2 @   weight=5-.
-2 @-     ... and eventually, some Default Attributes ....
-2 @-     name=default-.
-2 @-     unit=EA-.
-2 @ Printing Selected Attributes ....
-2 @-   db_object_id-.
-2 @-   status-.
-- QV_Destroy_Object(null) = 0
-> QV_Create_Object(obj1, "ItemEngineeringData") = 0
-2 @ Set Required Fields for Save.
+)" + inputsAndObject + R"(2 @ Set Required Fields for Save.
 2 @-     name=default-. > QV_Set_Object_Attr(obj1, "name", "default") = 0
 2 @-     unit=EA-. > QV_Set_Object_Attr(obj1, "unit", "EA") = 0
 2 @-     name=given-. > QV_Set_Object_Attr(obj1, "name", "given") = 0
@@ -91,28 +89,7 @@ TEST_F(Items, AnItemIsFoundBeforeItIsChangedAndSaved)
 ItemSave:
 2 @-----Start------------------------------.
 2 @- Calling DefaultRead for ItemCreate.
-2 DefaultRead-----Start------------------------------.
-2 @- rc(DefaultRead)=2.
-2 @- Printing Input Attributes ....
-2 @\tEcNumber=EC-12A.
-2 @\tItemNumber=BR-100.
-2 @\tItemName=BRACKET.
-2 @\tItemType=Pt.
-2 @-     ... plus some other Input Attributes ....
-2 @   name=given-.
-2 @   skipped=-.
-2 @   unit=KG-.
-2 @   null=-.
-2 @   weight=5-.
-2 @-     ... and eventually, some Default Attributes ....
-2 @-     name=default-.
-2 @-     unit=EA-.
-2 @ Printing Selected Attributes ....
-2 @-   db_object_id-.
-2 @-   status-.
-- QV_Destroy_Object(null) = 0
-> QV_Create_Object(obj1, "ItemEngineeringData") = 0
-2 @-  db_object_id=-. > QV_Set_Object_Attr(obj1, "db_object_id", "") = 0
+)" + inputsAndObject + R"(2 @-  db_object_id=-. > QV_Set_Object_Attr(obj1, "db_object_id", "") = 0
 2 @-   logical_key@item_number=BR-100-. > QV_Set_Object_Attr(obj1, "logical_key@item_number", "BR-100") = 0
 2 @-   logical_key@loc_id=-. > QV_Set_Object_Attr(obj1, "logical_key@loc_id", "") = 0
 2 @-   il_ec_number=EC-12A-. > QV_Set_Object_Attr(obj1, "il_ec_number", "EC-12A") = 0

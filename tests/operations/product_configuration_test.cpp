@@ -6,10 +6,7 @@
 
 #include "tests/harness/library_test.h"
 
-using harness::countLines;
-using harness::Outcome;
-using harness::story;
-using harness::textList;
+using namespace harness;
 
 namespace {
 
@@ -29,8 +26,7 @@ void PrintTo(const ConfigurationQuery& query, std::ostream* stream)
     *stream << query.name;
 }
 
-class ProductConfiguration : public harness::LibraryTest,
-                             public ::testing::WithParamInterface<ConfigurationQuery> {
+class ProductConfiguration : public LibraryTest, public ::testing::WithParamInterface<ConfigurationQuery> {
 protected:
     /** The query's outcome; the lists hold something that must go. */
     Outcome query(const std::string& productNumber)

@@ -51,7 +51,6 @@ struct State {
     std::map<std::string, HandOver> handOvers;
     Record values;
     std::vector<Record> records;
-    std::optional<int> listSize;
     std::map<std::string, std::vector<std::pair<std::string, std::string>>> translations;
 
     bool lastCallFailed = false;

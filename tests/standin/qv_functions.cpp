@@ -147,7 +147,7 @@ int QV_SizeOf_List(QV_ListHandle list, int* size)
     CallRecorder call("QV_SizeOf_List");
     call.uses(list);
     if (call.succeeds()) {
-        *size = state().listSize.value_or(static_cast<int>(state().records.size()));
+        *size = static_cast<int>(state().records.size());
     }
     return call.number(*size).code();
 }
@@ -157,11 +157,12 @@ int QV_Read_List(QV_ListHandle list, int index, QV_ObjectHandle* record)
     CallRecorder call("QV_Read_List");
     call.uses(list).number(index);
     const auto& records = state().records;
-    if (index < 0 || index >= state().listSize.value_or(static_cast<int>(records.size()))) {
+    const bool isThere = index >= 0 && index < static_cast<int>(records.size());
+    if (!isThere) {
         call.refuse("no record " + std::to_string(index));
     }
     call.fills(record);
-    if (*record != nullptr && index >= 0 && index < static_cast<int>(records.size())) {
+    if (*record != nullptr && isThere) {
         (*record)->record = records[static_cast<std::size_t>(index)];
     }
     return call.code();

@@ -117,11 +117,6 @@ void setRecords(std::vector<Record> records)
     state().records = std::move(records);
 }
 
-void setListSize(int size)
-{
-    state().listSize = size;
-}
-
 void setTranslations(const std::string& name, std::vector<std::pair<std::string, std::string>> entries)
 {
     state().translations[name] = std::move(entries);

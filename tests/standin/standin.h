@@ -81,8 +81,6 @@ void handOver(const std::string& function, HandOver when);
 void setValue(const std::string& path, std::optional<std::string> value);
 /** The records of every list. */
 void setRecords(std::vector<Record> records);
-/** The size of every list, in place of the number of records. */
-void setListSize(int size);
 /** The entries of the translation table `name`. */
 void setTranslations(const std::string& name, std::vector<std::pair<std::string, std::string>> entries);
 

@@ -3,7 +3,7 @@
 
 #include "tests/sweep/operations.h"
 
-using harness::Text;
+using namespace harness;
 
 namespace sweep {
 

@@ -7,9 +7,7 @@
 #include "tests/harness/library_test.h"
 #include "tests/sweep/operations.h"
 
-using harness::countLines;
-using harness::numberedNames;
-using harness::Outcome;
+using namespace harness;
 using sweep::Inputs;
 using sweep::Operation;
 
@@ -17,7 +15,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-class OperationInputs : public harness::LibraryTest, public ::testing::WithParamInterface<Operation> {
+class OperationInputs : public LibraryTest, public ::testing::WithParamInterface<Operation> {
 protected:
     /** The operation in a new process. */
     Outcome runAt(int level, Inputs inputs)
@@ -37,7 +35,7 @@ protected:
         for (const std::string& name : numberedNames("attribute", count)) {
             file += GetParam().defaults + ' ' + name + " value\n";
         }
-        harness::writeFile("QVL_RZM_DEFAULT", file);
+        writeFile("QVL_RZM_DEFAULT", file);
     }
     /** `more` has one line more than `less` on standard output and in the access log, a warning of the operation. */
     static void expectOneWarning(const Outcome& more, const Outcome& less, const std::string& text)
@@ -129,6 +127,15 @@ TEST_P(NamesToReadBack, ThatDoNotFitASlotAreCapturedCutAskedForWholeAndReported)
 }
 
 using DefaultAttributes = OperationInputs;
+
+TEST_P(DefaultAttributes, HaveNoHeadingWhenThereAreNone)
+{
+    connect(2);
+    Inputs inputs("x", {});
+    const std::string output = run(inputs).output;
+    EXPECT_EQ(countLines(output, "Default Attributes") + countLines(output, "default attributes"), 0);
+    EXPECT_EQ(countLines(output, " rc(DefaultRead)=0."), 1);
+}
 
 TEST_P(DefaultAttributes, AreUsedUpToTheBoundAndTheRestIsReported)
 {

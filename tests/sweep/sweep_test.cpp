@@ -9,7 +9,7 @@
 #include "tests/harness/library_test.h"
 #include "tests/sweep/operations.h"
 
-using harness::story;
+using namespace harness;
 using standin::Call;
 using sweep::CallPattern;
 using sweep::Operation;
@@ -68,7 +68,7 @@ std::string withoutDetails(const std::string& line)
     return line.substr(0, line.find('(') + 1) + line.substr(line.rfind(')'));
 }
 
-class Sweep : public harness::LibraryTest, public ::testing::WithParamInterface<Operation> {
+class Sweep : public LibraryTest, public ::testing::WithParamInterface<Operation> {
 protected:
     /** The operation's second use in a new process, so that an earlier result is there to be replaced. */
     Trial runAgain(const std::function<void()>& script)
@@ -76,7 +76,7 @@ protected:
         restart();
         connect(2);
         sweep::prepare(GetParam());
-        harness::captureOutput([] { EXPECT_GT(use(), 0); });
+        captureOutput([] { EXPECT_GT(use(), 0); });
         script();
         std::istringstream told(record(use).story);
         Trial trial{{}, standin::calls()};
