@@ -148,12 +148,12 @@ ComponentReferenceSave:
 2 @\tCompSeqNumber=10.
 2 @\tCompRef=VELOR/Quorvanemaster Integration.
 2 @\tCompRefXref=xref.
-2 ComponentReferenceSavePrinting Selected Attributes ....
+2 @Printing Selected Attributes ....
 2 @\tdb_object_id-.
 2 @\tcomp_ref_xref-.
 - QV_Destroy_Object(null) = 0
 > QV_Create_Object(obj1, "ComponentReference") = 0
-2 ComponentReferenceSaveSet required fields for Open.
+2 @Set required fields for Open.
 2 @   db_object_id=. > QV_Set_Object_Attr(obj1, "db_object_id", "") = 0
 2 @   logical_key@item_number=br-1. > QV_Set_Object_Attr(obj1, "logical_key@item_number", "br-1") = 0
 2 @   logical_key@loc_id=. > QV_Set_Object_Attr(obj1, "logical_key@loc_id", "") = 0
@@ -163,10 +163,10 @@ ComponentReferenceSave:
 2 @   il_ec_number=ec-1. > QV_Set_Object_Attr(obj1, "il_ec_number", "ec-1") = 0
 2 @   Set fields to be selected for Open. > QV_Subscribe_Object_Attr(obj1, "db_object_id") = 0
 > QV_Subscribe_Object_Attr(obj1, "comp_ref_xref") = 0
-2 ComponentReferenceSaveUpdating comp_ref_xref attribut.
+2 @Updating comp_ref_xref attribut.
 2 @   comp_ref_xref=xref. > QV_Set_Object_Attr(obj1, "comp_ref_xref", "xref") = 0
 2 @   update_count=-. > QV_Set_Object_Attr(obj1, "update_count", "") = 0
-2 ComponentReferenceSaveExecute Save method.
+2 @Execute Save method.
 > QV_Save_Object(obj1) = 0
 2 @-----Exit------entries/rc=1------.
 = 1 FromList=Object entries=1 LastRecNo=-1 QV_RC=0 SelectedAttribute=[db_object_id, comp_ref_xref]

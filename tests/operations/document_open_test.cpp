@@ -50,16 +50,6 @@ log @ ...Document was  found
     });
 }
 
-TEST_F(DocumentOpening, TheLogLineOfTheInputsIsCutTo255Characters)
-{
-    connect();
-    const std::string documentNumber(222, 'D');
-    const Outcome outcome = open(documentNumber, "ab");
-    EXPECT_EQ(outcome.accessLog.substr(0, outcome.accessLog.find('\n')),
-              "DocumentOpen DocumentNumber=" + documentNumber + ", RevisionNumber=a");
-    EXPECT_EQ(countLines(outcome.calls, "\"ab\""), 1);
-}
-
 using LastRevision = DocumentOpening;
 
 TEST_F(LastRevision, TheVersionsAreListedWithTheLatestLast)
@@ -111,23 +101,6 @@ DocumentGetLastRevision:
 = 0 FromList=Object entries=0 LastRecNo=-1 QV_RC=-1 SelectedAttribute=[, db_object_id]
 )"));
     });
-}
-
-TEST_F(LastRevision, ADocumentNumberThatDoesNotFitTheClauseIsRefused)
-{
-    connect();
-    standin::setRecords({{}});
-    const std::string longest(49, 'D');
-    const Outcome whole = list(longest.c_str());
-    EXPECT_EQ(whole.result, 1);
-    EXPECT_EQ(countLines(whole.calls, "'" + longest + "'"), 1);
-    EXPECT_EQ(list((longest + 'D').c_str()).storyFrom("\"Select\", \"doc_revision@doc_rev_num"), story(R"(
-DocumentGetLastRevision:
-> QV_Set_Clause(list2, "Select", "doc_revision@doc_rev_num") = 0
-log @- rc(AppendWhere- QV_Set_Clause-Where) = -1
-! -1 - documentNumber has 50 characters; at most 49 fit the clause &=(doc_revision@doc_number,'...')
-= 0 FromList=List entries=0 LastRecNo=-1 QV_RC=-1 SelectedAttribute=[]
-)"));
 }
 
 } // namespace

@@ -330,22 +330,6 @@ TEST_F(DocumentRevision, AMissingDocumentNumberIsAnEmptyOne)
     EXPECT_STREQ(number.data(), "B");
 }
 
-TEST_F(DocumentRevision, TheLogLineOfTheInputsIsCutTo255Characters)
-{
-    connect();
-    prepare("");
-    Buffers buffers;
-    const std::string title(300, 't');
-    const Outcome outcome = revise("EC", buffers, {"D", title});
-    EXPECT_EQ(outcome.result, 1);
-    // The labels and the three short inputs take 69 characters.
-    EXPECT_EQ(
-        outcome.accessLog.substr(0, outcome.accessLog.find('\n')),
-        "DocumentMakeNewRevision EcNumber=EC, DocumentNumber=D, RevisionNumber=a, NewRevDocumentTitle=" +
-            title.substr(0, 255 - 69));
-    EXPECT_EQ(countLines(outcome.calls, '"' + title + '"'), 1);
-}
-
 TEST_F(DocumentRevision, ValuesOfTheLargestSizeComeBackWhole)
 {
     connect();

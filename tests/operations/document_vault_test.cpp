@@ -84,19 +84,6 @@ TEST_P(DocumentVault, WithoutDefaultsAndNamesTheVaultCallFollowsAtOnce)
 )"));
 }
 
-TEST_P(DocumentVault, InputsThatDoNotFitTheLogLineAreCutThereAndNowhereElse)
-{
-    connect();
-    const std::string revision(205, 'r');
-    const Outcome outcome = run(revision, nullptr);
-    // The labels and the other inputs take 54 of the 255 characters.
-    EXPECT_EQ(outcome.accessLog.substr(0, outcome.accessLog.find('\n')),
-              GetParam().name +
-                  " DbObjectId=4711x, DocumentNumber=D-1B, RevisionNumber=" + revision.substr(0, 201));
-    EXPECT_EQ(outcome.output, "");
-    EXPECT_EQ(countLines(outcome.calls, '"' + revision + '"'), 1);
-}
-
 INSTANTIATE_TEST_SUITE_P(
     Operations, DocumentVault,
     ::testing::Values(

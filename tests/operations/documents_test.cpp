@@ -139,16 +139,4 @@ TEST_F(DocumentChangeControl, AnEmptyChangeNumberIsStoredAsItIs)
     EXPECT_EQ(countLines(outcome.calls, R"("doc_revision@doc_ctrl_num", "")"), 1);
 }
 
-TEST_F(DocumentChangeControl, TheLogLineOfTheInputsIsCutTo255Characters)
-{
-    connect();
-    const std::string title(200, 't');
-    const Outcome outcome = control("EC", title.c_str());
-    EXPECT_EQ(outcome.result, 1);
-    // The labels and the three short inputs take 66 characters.
-    EXPECT_EQ(outcome.accessLog.substr(0, outcome.accessLog.find('\n')),
-              "DocumentMakeECControlled EcNumber=EC, DocumentNumber=D-1B, RevisionNumber=a, DocumentTitle=" +
-                  title.substr(0, 255 - 66));
-}
-
 } // namespace

@@ -145,23 +145,6 @@ TEST_P(ProductConfiguration, ARowThatCannotBeReadGivesEmptyTexts)
     EXPECT_EQ(results(), GetParam().blanks);
 }
 
-TEST_P(ProductConfiguration, AProductNumberThatDoesNotFitTheClauseIsRefused)
-{
-    connect();
-    const std::string longest(65, 'P');
-    makeTwoRows();
-    EXPECT_EQ(query(longest).result, 2);
-    EXPECT_EQ(countLines(standin::transcript(), "&=(product,'" + longest + "')"), 1);
-    const Outcome refused = query(longest + 'P');
-    EXPECT_EQ(refused.result, 0);
-    EXPECT_EQ(QV_RC, -1);
-    EXPECT_EQ(results(), "| | | ");
-    EXPECT_EQ(countLines(refused.calls, "Where") + countLines(refused.calls, "QV_Open_List"), 0);
-    for (const std::string& told : {refused.output, refused.accessLog, refused.errorLog, lastError()}) {
-        EXPECT_EQ(countLines(told, "productNumber has 66 characters; at most 65"), 1);
-    }
-}
-
 TEST_P(ProductConfiguration, ValuesOfTheLargestSizeComeBackWhole)
 {
     connect();

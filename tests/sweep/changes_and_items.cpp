@@ -37,6 +37,7 @@ std::vector<Operation> engineeringChanges()
             "AffectedItemCreate",
             [](Inputs& in) { return AffectedItemCreate(in.text(0), in.text(1), in.text(2), in.names()); })
             .takes("UUU", 3)
+            .joiningInputs()
             .takesNames(30)
             .usesDefaults("AffectedItemCreate", 19, 19)
             .endsWith("log @ ...AffectedItem was  not created\n"
@@ -44,6 +45,7 @@ std::vector<Operation> engineeringChanges()
             .goingOn(updateCountIsSet),
         onList("AffectedItemQuery", [](Inputs& in) { return AffectedItemQuery(in.text(0), in.names()); })
             .takes("-", 0)
+            .refusing("ecDbObjectId", 57)
             .takesNames(50),
     };
 }
@@ -137,6 +139,7 @@ Operation configurationQuery(const std::string& name, const Function& function)
                       return function(in.text(0), first, second, third);
                   })
         .takes("-", 0)
+        .refusing("productNumber", 65)
         .elsewhere({{"QV_Destroy_Object"}, {"QV_Read_List"}, {"QV_Get_Object_Attr"}}); // go through GetValue
 }
 

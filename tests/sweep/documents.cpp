@@ -44,6 +44,7 @@ Operation newRevision()
                                                     in.text(3), in.names(), number.data(), identifier.data());
                  })
             .takes("----", 4)
+            .joiningInputs()
             .takesNames(50)
             .usesDefaults("DocumentMakeNewRevision", 19, 19)
             .endsWith("2 @...new revision for document D-1 was not created.\n")
@@ -64,10 +65,13 @@ std::vector<Operation> documents()
                        "log @ ...Document was  not created\n"
                        "2 @-----Exit------------entries/rc=0--------------------.\n"),
         vaultOperation("DocumentCheckOut", "-U-", DocumentCheckOut,
-                       "log @ ...Document was  not checked out\n"),
-        vaultOperation("DocumentCheckIn", "-U-", DocumentCheckIn, "log @ ...Document was  not checked in\n"),
+                       "log @ ...Document was  not checked out\n")
+            .joiningInputs(),
+        vaultOperation("DocumentCheckIn", "-U-", DocumentCheckIn, "log @ ...Document was  not checked in\n")
+            .joiningInputs(),
         vaultOperation("DocumentCancelCheckOut", "-U-", DocumentCancelCheckOut,
-                       "log @ ...Document check-out was  not canceled\n"),
+                       "log @ ...Document check-out was  not canceled\n")
+            .joiningInputs(),
         newRevision(),
         onObject("DocumentMakeECControlled",
                  [](Inputs& in) {
@@ -75,6 +79,7 @@ std::vector<Operation> documents()
                                                      in.names());
                  })
             .takes("UU--", 3)
+            .joiningInputs()
             .takesNames(50)
             .usesDefaults("DocumentMakeECControlled", 19, 0)
             .endsWith("log @ ... could not make document EC controlled\n2 @-----exit---rc=0-.\n")
@@ -82,10 +87,12 @@ std::vector<Operation> documents()
         onObject("DocumentOpen",
                  [](Inputs& in) { return DocumentOpen(in.text(0), in.text(1), in.nameList()); })
             .takes("U-", 2)
+            .joiningInputs()
             .takesNameList(50)
             .endsWith("log @ ...Document was  not found\n"),
         onList("DocumentGetLastRevision", [](Inputs& in) { return DocumentGetLastRevision(in.text(0)); })
-            .takes("-", 0),
+            .takes("-", 0)
+            .refusing("documentNumber", 49),
     };
 }
 

@@ -64,6 +64,9 @@ TEST_P(OperationInputs, LongTextsArriveWholeOrNotAtAll)
               GetParam().carriers);
     EXPECT_EQ(countLines(outcome.calls, "nnn") + countLines(outcome.calls, "NNN"), GetParam().carriers);
     EXPECT_GT(countLines(outcome.output, text) + countLines(outcome.output, upper), 0);
+    if (GetParam().joinsInputs) {
+        EXPECT_EQ(outcome.accessLog.find('\n'), GetParam().name.size() + 1 + 255) << "cut in the log alone";
+    }
 }
 
 TEST_P(OperationInputs, TheCallersTextsAreTurnedToUpperCaseWhereTheyAreKeys)
@@ -76,6 +79,26 @@ TEST_P(OperationInputs, TheCallersTextsAreTurnedToUpperCaseWhereTheyAreKeys)
         EXPECT_EQ(inputs.textAfterwards(static_cast<int>(number)),
                   GetParam().texts[number] == 'U' ? "EC-1 {\xe4Z}/2" : "eC-1 {\xe4z}/2")
             << "text " << number;
+    }
+}
+
+using LimitedInputs = OperationInputs;
+
+TEST_P(LimitedInputs, FitTheirClauseOrAreRefused)
+{
+    const std::string longest(GetParam().limit, 'x');
+    const Outcome whole = runAt(0, Inputs(longest, {}));
+    EXPECT_GT(whole.result, 0);
+    EXPECT_EQ(countLines(whole.calls, ",'" + longest + "')\""), 1);
+    const Outcome refused = runAt(0, Inputs(longest + 'x', {}));
+    EXPECT_EQ(refused.result, 0);
+    EXPECT_EQ(entries, 0);
+    EXPECT_EQ(QV_RC, -1);
+    EXPECT_EQ(countLines(refused.calls, "\"Where\"") + countLines(refused.calls, "QV_Open_List"), 0);
+    const std::string told = GetParam().limited + " has " + std::to_string(longest.size() + 1) +
+                             " characters; at most " + std::to_string(longest.size()) + " fit";
+    for (const std::string& channel : {refused.output, refused.accessLog, refused.errorLog, lastError()}) {
+        EXPECT_EQ(countLines(channel, told), 1);
     }
 }
 
@@ -176,6 +199,9 @@ std::string nameOf(const ::testing::TestParamInfo<Operation>& tested)
 }
 
 INSTANTIATE_TEST_SUITE_P(Operations, OperationInputs, ::testing::ValuesIn(sweep::allOperations()), nameOf);
+INSTANTIATE_TEST_SUITE_P(Operations, LimitedInputs,
+                         ::testing::ValuesIn(operationsThat([](const auto& each) { return each.limit > 0; })),
+                         nameOf);
 INSTANTIATE_TEST_SUITE_P(
     Operations, NamesToReadBack,
     ::testing::ValuesIn(operationsThat([](const auto& each) { return each.endSlot > 0; })), nameOf);

@@ -50,6 +50,19 @@ Operation& Operation::takes(const std::string& eachText, int calls)
     return *this;
 }
 
+Operation& Operation::joiningInputs()
+{
+    joinsInputs = true;
+    return *this;
+}
+
+Operation& Operation::refusing(const std::string& argument, std::size_t longerThan)
+{
+    limited = argument;
+    limit = longerThan;
+    return *this;
+}
+
 Operation& Operation::takesNames(int slots)
 {
     endSlot = slots;

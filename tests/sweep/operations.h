@@ -74,6 +74,11 @@ struct Operation {
     std::string texts = {};
     /** How many calls carry a given text; 0 when a long one is refused. */
     int carriers = 0;
+    /** Whether the access log shows the inputs in one line of at most 255 characters. */
+    bool joinsInputs = false;
+    /** The first text's name and the longest that fits its clause. */
+    std::string limited = {};
+    std::size_t limit = 0;
     /** The slots that the names to read back are captured into; the end is 0 when there are no names. */
     int firstSlot = 0;
     int endSlot = 0;
@@ -88,6 +93,8 @@ struct Operation {
     // ---- To write a row ----
 
     Operation& takes(const std::string& eachText, int calls);
+    Operation& joiningInputs();
+    Operation& refusing(const std::string& argument, std::size_t longerThan);
     /** An array of names, captured from slot 0 on. */
     Operation& takesNames(int slots);
     /** A list of names, captured from slot 1 on. */
