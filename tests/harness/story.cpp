@@ -114,12 +114,16 @@ std::vector<std::string> quotedTexts(const std::string& text)
     std::vector<std::string> found;
     for (std::size_t begin = text.find('"'); begin != std::string::npos; begin = text.find('"', begin)) {
         const std::size_t end = text.find('"', begin + 1);
+        if (end == std::string::npos) {
+            throw std::invalid_argument("no closing quote: " + text);
+        }
         found.push_back(text.substr(begin + 1, end - begin - 1));
         begin = end + 1;
     }
     return found;
 }
 
+/** Writes a test's lines out as the story that is recorded at the present trace level. */
 class Teller {
 public:
     void tell(const std::string& line)
@@ -143,7 +147,7 @@ public:
             tellFailure(text);
         } else if (sign == "=") {
             story_ += std::exchange(errors_, "") + line + '\n';
-        } else if (line.back() == ':') {
+        } else if (!line.empty() && line.back() == ':') {
             writer_ = line.substr(0, line.size() - 1);
         } else {
             throw std::invalid_argument("no line of a story: " + line);
@@ -222,7 +226,7 @@ std::string Outcome::storyFrom(const std::string& text) const
     if (found == std::string::npos) {
         return "nothing in the story: " + text + '\n' + story;
     }
-    return story.substr(found == 0 ? 0 : story.rfind('\n', found) + 1);
+    return story.substr(story.rfind('\n', found) + 1);
 }
 
 Outcome recordStory(const std::function<int()>& use, const std::string& accessLog,

@@ -59,7 +59,7 @@ struct Outcome {
 Outcome recordStory(const std::function<int()>& use, const std::string& accessLog,
                     const std::string& errorLog);
 
-/** The story as it is recorded at the present trace level. `raw` begins behind a line feed; a tab is `\t`. */
+/** The story as it is recorded at the present trace level. `raw` begins on a line of its own; a tab is `\t`. */
 std::string story(const std::string& raw);
 
 } // namespace harness

@@ -9,7 +9,6 @@ namespace sweep {
 
 namespace {
 
-const std::vector<CallPattern> updateCountIsSet{{"QV_Set_Object_Attr", "update_count"}};
 constexpr const char* exitOfItems = "2 @----Exit------------entries/rc=0--------------------.\n";
 
 std::vector<Operation> engineeringChanges()

@@ -52,6 +52,8 @@ struct CallPattern {
     std::optional<std::string> value = {};
 };
 
+inline const std::vector<CallPattern> updateCountIsSet{{"QV_Set_Object_Attr", "update_count"}};
+
 struct Operation {
     std::string name;
     std::function<int(Inputs&)> run;
