@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: Apache-2.0
 # What `cmake --install` puts into place: both libraries, the public headers, the CMake package, pkg-config files, the
-# tool. Nothing of it holds the prefix, so the installed tree can be moved as a whole.
+# tool with its manual and its completion of words. Nothing of it holds the prefix, so the installed tree can be moved
+# as a whole.
 include(CMakePackageConfigHelpers)
 
 set(velrzm_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/velrzm)
@@ -40,4 +41,8 @@ if(TARGET velrzm_cli)
   endif()
   set_target_properties(velrzm_cli PROPERTIES INSTALL_RPATH "${tool_rpath}")
   install(TARGETS velrzm_cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  install(DIRECTORY ${PROJECT_BINARY_DIR}/man/man1 DESTINATION ${CMAKE_INSTALL_MANDIR})
+  install(FILES ${PROJECT_SOURCE_DIR}/tools/completion/velrzm.bash
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME velrzm)
+  install(FILES ${PROJECT_SOURCE_DIR}/tools/completion/_velrzm DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
 endif()

@@ -3,8 +3,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <map>
-#include <sstream>
 #include <utility>
 
 #include <CLI/Config.hpp>
@@ -13,20 +11,61 @@
 
 #include <velrzm/connection.h>
 
+#include "tools/command_tree.h"
 #include "tools/failures.h"
+#include "tools/help.h"
 #include "tools/standard_streams.h"
+#include "tools/text.h"
+#include "tools/wrong_usage.h"
 
 namespace tools {
 
 namespace {
 
 constexpr const char* description =
-    "Works with a Quorvanemaster PDM database: runs the operations of libvelrzm and looks after the stores "
-    "of\n"
-    "the local server. \"velrzm demo\" shows what there is; \"velrzm COMMAND --help\" explains a command.";
+    "Work with a Quorvanemaster PDM database\n\n"
+    "velrzm runs the operations of libvelrzm and looks after the stores of the local server. \"velrzm "
+    "demo\" shows what there is; \"velrzm init\" makes a store to begin with.";
 
-const std::map<std::string, Format> formats = {
+constexpr const char* ungrouped = "Commands";
+
+const NamedFormats formats = {
     {"table", Format::Table}, {"json", Format::Json}, {"csv", Format::Csv}, {"printlist", Format::PrintList}};
+
+/** The commands by subject, in the order in which the help lists them. */
+struct Subject {
+    const char* name;
+    std::vector<void (*)(CommandLine&)> addCommands;
+};
+
+const std::vector<Subject>& subjects()
+{
+    static const std::vector<Subject> all = {
+        {"First steps", {addDemo, addHelpCommands}},
+        {"Stores of the local server", {addStoreCommands}},
+        {"Operations on the database", {addOperationCommands}},
+        {"Files of parts and of commands", {addPartsListCommands, addBatch}},
+        {"Finding faults", {addDoctor, addDefaultsCommands, addLogCommands}},
+    };
+    return all;
+}
+
+bool isNumber(const std::string& text)
+{
+    const std::size_t sign = text.empty() || text.front() != '-' ? 0 : 1;
+    return text.size() > sign && text.find_first_not_of("0123456789", sign) == std::string::npos;
+}
+
+/** The parser takes the word behind "--name=" for the value. */
+void keepEmptyValues(std::vector<std::string>& arguments)
+{
+    for (auto word = arguments.begin(); word != arguments.end() && *word != "--"; ++word) {
+        if (word->size() > 3 && word->compare(0, 2, "--") == 0 && word->find('=') == word->size() - 1) {
+            word->pop_back();
+            word = arguments.insert(word + 1, "");
+        }
+    }
+}
 
 std::string versionText()
 {
@@ -55,38 +94,48 @@ CommandLine::CommandLine(Settings settings) : app_(description, "velrzm"), setti
         settings_.user.empty() && name != nullptr) {
         settings_.user = name;
     }
+    app_.set_help_flag("-h,--help", "Explain the command");
     app_.set_version_flag("--version", versionText(), "Print the versions of the tool and of the library");
-    app_.set_help_all_flag("--help-all", "Print the help of all commands");
     app_.require_subcommand(1);
-    app_.add_option(
-        "--store", settings_.store,
-        "Store of the local server: a path, or sqlite:PATH; otherwise the environment variable QV_STORE, "
-        "or the user's own store");
-    app_.add_option("--user", settings_.user, "User who logs on; otherwise the environment variable USER");
-    app_.add_option(
-        "--password-file", settings_.passwordFile,
-        "File whose first line is the password; otherwise the environment variable VELRZM_PASSWORD, "
-        "or a prompt");
-    app_.add_option(
-        "--trace", settings_.traceLevel,
-        "Trace level of the library: -1 nothing, 0 errors, 2 operations, 5 calls, 9 values; the trace "
-        "goes to standard error");
-    app_.add_option("--format", settings_.format, "Form of the results: table, json, csv or printlist")
-        ->type_name("FORMAT")
-        ->transform(CLI::CheckedTransformer(formats));
-    addDemo(*this);
-    addStoreCommands(*this);
-    addOperationCommands(*this);
-    addPartsListCommands(*this);
-    addBatch(*this);
-    addDefaultsCommands(*this);
-    addLogCommands(*this);
-    addDoctor(*this);
+    addSharedOptions();
+    for (const Subject& subject : subjects()) {
+        for (const auto& addCommands : subject.addCommands) {
+            addCommands(*this);
+        }
+        for (CLI::App* const command : app_.get_subcommands({})) {
+            if (command->get_group() == ungrouped) {
+                command->group(subject.name);
+            }
+        }
+    }
+}
+
+void CommandLine::addSharedOptions()
+{
+    app_.add_option("--store", settings_.store,
+                    "Store of the local server, or sqlite:FILE; otherwise the environment variable "
+                    "QV_STORE, or the user's own store")
+        ->type_name("FILE");
+    app_.add_option("--user", settings_.user, "User who logs on; otherwise the environment variable USER")
+        ->type_name("NAME");
+    app_.add_option("--password-file", settings_.passwordFile,
+                    "File whose first line is the password; otherwise the environment variable "
+                    "VELRZM_PASSWORD, or a prompt")
+        ->type_name("FILE");
+    app_.add_option("--trace", settings_.traceLevel,
+                    "Trace of the library to standard error: -1 nothing, 0 errors, 2 operations, 5 calls, 9 "
+                    "values")
+        ->type_name("LEVEL")
+        ->check(CLI::Validator(
+            [](const std::string& text) { return isNumber(text) ? "" : quoted(text) + " is no number"; },
+            ""));
+    addFormat(app_, formats);
 }
 
 CLI::App& CommandLine::addGroup(const std::string& name, const std::string& groupDescription)
 {
     CLI::App& group = *app_.add_subcommand(name, groupDescription);
+    group.group(ungrouped);
     group.require_subcommand(1);
     group.fallthrough(); // shared options may also stand behind the command
     return group;
@@ -97,37 +146,54 @@ CLI::App& CommandLine::addCommand(CLI::App& parent, const std::string& name,
                                   std::function<void()> action)
 {
     CLI::App& command = *parent.add_subcommand(name, commandDescription);
+    command.group(ungrouped);
     command.fallthrough();
-    command.footer("Example: " + example);
+    command.footer(example);
     command.final_callback([this, action = std::move(action)] { action_ = action; });
     return command;
 }
 
-void CommandLine::addFormats(CLI::App& command, const std::map<std::string, Format>& further)
+void CommandLine::addFormat(CLI::App& command, const NamedFormats& offered)
 {
-    std::map<std::string, Format> offered = formats;
-    std::string names;
-    for (const auto& [name, format] : further) {
-        offered.emplace(name, format);
-        names += ", " + name;
-    }
-    command.add_option("--format", settings_.format, "Form of the results, here also" + names.substr(1))
-        ->type_name("FORMAT")
-        ->transform(CLI::CheckedTransformer(offered));
+    std::vector<std::string> names(offered.size());
+    std::transform(offered.begin(), offered.end(), names.begin(),
+                   [](const auto& format) { return format.first; });
+    const auto choose = [this, offered](const std::string& wanted) {
+        settings_.format = std::find_if(offered.begin(), offered.end(), [&wanted](const auto& format) {
+                               return format.first == wanted;
+                           })->second;
+    };
+    insistOnChoices(*command
+                         .add_option_function<std::string>(
+                             "--format", choose, "Form of the results; a table unless another one is given")
+                         ->type_name(joined(names, "|")));
+}
+
+void CommandLine::addFormats(CLI::App& command, const NamedFormats& further)
+{
+    NamedFormats offered = formats;
+    offered.insert(offered.end(), further.begin(), further.end());
+    addFormat(command, offered);
 }
 
 void CommandLine::parse(std::vector<std::string> arguments)
 {
+    keepEmptyValues(arguments);
+    const std::string last = arguments.empty() ? "" : arguments.back();
     std::reverse(arguments.begin(), arguments.end()); // that is how the parser takes them
     try {
         app_.parse(std::move(arguments));
-    } catch (const CLI::ParseError& error) {
-        std::ostringstream result;
-        std::ostringstream complaint;
-        if (app_.exit(error, result, complaint) != 0) {
-            throw WrongUsage(complaint.str());
+    } catch (const CLI::CallForVersion&) {
+        action_ = [] { writeResult(versionText() + "\n"); };
+    } catch (const CLI::CallForHelp&) {
+        const CLI::App& command = parsedCommand(app_);
+        const std::optional<WrongUsage> unknown = unknownWord(app_);
+        if (unknown.has_value() && !commandsOf(command).empty()) {
+            throw WrongUsage(*unknown); // of the command that was meant
         }
-        action_ = [help = result.str()] { writeResult(help); };
+        action_ = [&command] { writeResult(helpText(command)); };
+    } catch (const CLI::ParseError& error) {
+        throw wrongUsage(app_, error, last);
     }
 }
 

@@ -5,9 +5,9 @@
 #define VELRZM_TOOLS_COMMAND_LINE_H
 
 #include <functional>
-#include <map>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <CLI/App.hpp>
@@ -24,6 +24,9 @@ struct Settings {
     std::optional<int> traceLevel;
     Format format = Format::Table;
 };
+
+/** Forms of results and how they are called. */
+using NamedFormats = std::vector<std::pair<std::string, Format>>;
 
 class CommandLine {
 public:
@@ -42,13 +45,18 @@ public:
 
     /** Adds a word that stands before others: "user" of "user add". */
     CLI::App& addGroup(const std::string& name, const std::string& description);
-    /** Adds a command; `example` is the last line of its help. */
+    /** Adds a command; `example` is the last line of its help.
+     * A description is a summary of one line, and whatever a reader should know besides in paragraphs
+     * behind an empty line. */
     CLI::App& addCommand(CLI::App& parent, const std::string& name, const std::string& description,
                          const std::string& example, std::function<void()> action);
     /** Offers a command more forms of its results than all commands have. */
-    void addFormats(CLI::App& command, const std::map<std::string, Format>& further);
+    void addFormats(CLI::App& command, const NamedFormats& further);
 
 private:
+    void addSharedOptions();
+    void addFormat(CLI::App& command, const NamedFormats& offered);
+
     CLI::App app_;
     Settings settings_;
     std::function<void()> action_;
@@ -59,6 +67,7 @@ void addBatch(CommandLine& line);
 void addDefaultsCommands(CommandLine& line);
 void addDemo(CommandLine& line);
 void addDoctor(CommandLine& line);
+void addHelpCommands(CommandLine& line);
 void addLogCommands(CommandLine& line);
 void addOperationCommands(CommandLine& line);
 void addPartsListCommands(CommandLine& line);

@@ -147,14 +147,15 @@ void addBatch(CommandLine& line)
         bool multiSave = false;
     };
     const auto options = std::make_shared<Options>();
-    CLI::App& command = line.addCommand(
-        line.app(), "batch", "Run a file of commands over one connection, up to the first refusal",
-        "velrzm batch commands.txt --multi-save",
-        [&line, options] { runBatch(options->file, options->multiSave, line.settings()); });
-    command
-        .add_option("file", options->file,
-                    "File with one command on a line, without \"velrzm\"; - for standard input")
-        ->required();
+    CLI::App& command =
+        line.addCommand(line.app(), "batch",
+                        "Run a file of commands over one connection, up to the first refusal\n\n"
+                        "A line is a command as it is typed, without \"velrzm\"; quotes hold words "
+                        "together, and \"#\" begins a comment. --store, --user, --password-file and --trace "
+                        "hold for the whole batch, --format may stand on a line.",
+                        "velrzm batch commands.txt --multi-save",
+                        [&line, options] { runBatch(options->file, options->multiSave, line.settings()); });
+    command.add_option("file", options->file, "File of commands; - for standard input")->required();
     command.add_flag("--multi-save", options->multiSave, "Store everything together or nothing at all");
 }
 

@@ -25,11 +25,14 @@ CommandGroup componentCommands()
 {
     using parameters::change;
     return {"component",
-            "Component lines of bills of material",
+            "Create, show and delete component lines of bills of material\n\n"
+            "A component line says that a component item occurs once in a parent item; equal components "
+            "stand on lines of their own, parted by the sequence number. A line that would make an item "
+            "contain itself is refused.",
             {{"create",
               "Store a component line",
               "velrzm component create A-100 B-200 10 --ec EC-100",
-              {parent, component, sequence, change, {"--type", "Type of the component"}},
+              {parent, component, sequence, change, {"--type CODE", "Type of the component"}},
               lineAttributes,
               [](Call& call) {
                   return call.object(ComponentCreate(call.text("--ec"), call.text("parent"),
@@ -39,7 +42,7 @@ CommandGroup componentCommands()
              {"delete",
               "Delete a component line",
               "velrzm component delete A-100 B-200 10 --ec EC-100",
-              {parent, component, sequence, change, {"--id", "Database identifier of the line"}},
+              {parent, component, sequence, change, {"--id ID", "Database identifier of the line"}},
               {},
               [](Call& call) {
                   return call.nothing(ComponentDelete(call.text("--id"), call.text("--ec"),
@@ -61,7 +64,9 @@ CommandGroup componentReferenceCommands()
 {
     using parameters::change;
     return {"component-ref",
-            "Cross-references that the calling system has for component lines",
+            "Store and delete cross-references of component lines\n\n"
+            "A cross-reference is what another system, such as a CAD application, calls a component line. A "
+            "line has at most one.",
             {{"save",
               "Store the cross-reference of a component line",
               "velrzm component-ref save A-100 B-200 10 4711 --ec EC-100",
@@ -88,7 +93,8 @@ CommandGroup itemReferenceCommands()
 {
     using namespace parameters;
     return {"item-ref",
-            "Documents of items",
+            "Tie documents to items, and untie them\n\n"
+            "What is shown as \"db_object_id\" when a tie is made is the identifier by which it is deleted.",
             {{"create",
               "Tie a document to an item",
               "velrzm item-ref create A-100 DOC-7 1 4711 --ec EC-100",

@@ -26,16 +26,18 @@ Outcome recordsOf(const std::vector<std::string>& columns, const Lists& lists)
     return outcome;
 }
 
-constexpr Parameter product = {"product", "Product; without it those of every product"};
+constexpr Parameter product = {"product", "Product; without it the answer is about every product"};
 
 } // namespace
 
 CommandGroup optionCommands()
 {
     return {"option",
-            "Options of products",
+            "List the options of products\n\n"
+            "A product option is a variant of a feature, as RED is one of COLOUR. \"velrzm load options\" "
+            "puts them into a store of the local server.",
             {{"list",
-              "List the options of a product",
+              "List the options of a product, or of all products",
               "velrzm option list BICYCLE",
               {product},
               {},
@@ -49,9 +51,10 @@ CommandGroup optionCommands()
 CommandGroup packageCommands()
 {
     return {"package",
-            "Option packages of products",
+            "List the option packages of products\n\n"
+            "\"velrzm load packages\" puts them into a store of the local server.",
             {{"list",
-              "List the option packages of a product",
+              "List the option packages of a product, or of all products",
               "velrzm package list BICYCLE",
               {product},
               {},
@@ -66,12 +69,16 @@ CommandGroup translationCommands()
 {
     return {
         "xlat",
-        "Translation tables",
+        "Show translation tables\n\n"
+        "A translation table says which words of the server stand for the words of a site. The defaults "
+        "files map the names of tables that a site uses to those of the server; \"velrzm load xlat\" puts "
+        "tables into a store of the local server.",
         {{"show",
           "Show the entries of a translation table",
           "velrzm xlat show UNITS --table",
           {{"name", "Name of the table at the site, as the defaults files map it", Parameter::Need::Required},
-           {"--table", "The name is the server's own", Parameter::Need::Optional, Parameter::Takes::Nothing}},
+           {"--table", "Take the name as the server's own, without the defaults files",
+            Parameter::Need::Optional, Parameter::Takes::Nothing}},
           {},
           [](Call& call) {
               Lists lists(2);

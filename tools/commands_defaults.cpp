@@ -169,17 +169,22 @@ void check(const std::string& named, const Settings& settings)
 
 void addDefaultsCommands(CommandLine& line)
 {
-    CLI::App& group = line.addGroup("defaults", "Defaults files");
+    CLI::App& group = line.addGroup(
+        "defaults",
+        "Show and check the defaults files\n\n"
+        "Defaults files give attributes to the objects that operations create or change. Two are read: "
+        "QVL_RZM_DEFAULT in the directory that RZM_DEFAULT_DIRECTORY names, or in the working directory, "
+        "and My_QVL_RZM_DEFAULT in the working directory, which wins.");
     const auto operation = std::make_shared<std::string>();
     line.addCommand(group, "show", "Show the defaults that an operation gets, and where they come from",
                     "velrzm defaults show ItemCreate",
                     [&line, operation] { show(*operation, line.settings()); })
-        .add_option("operation", *operation, "Name of the operation")
+        .add_option("operation", *operation, "Name of the operation, such as ItemCreate")
         ->required();
     const auto file = std::make_shared<std::string>();
     line.addCommand(group, "check", "Check the defaults files that operations read, or the one named",
                     "velrzm defaults check", [&line, file] { check(*file, line.settings()); })
-        .add_option("file", *file, "Defaults file");
+        .add_option("file", *file, "Defaults file to check alone");
 }
 
 } // namespace tools

@@ -16,8 +16,8 @@ using Need = Parameter::Need;
 
 constexpr Parameter document = {"document", "Document number", Need::Required};
 constexpr Parameter revision = {"revision", "Revision number", Need::Required};
-constexpr Parameter title = {"--title", "Title of the document"};
-constexpr Parameter partner = {"--reference", "Identifier of the document in the calling system"};
+constexpr Parameter title = {"--title TEXT", "Title of the document"};
+constexpr Parameter partner = {"--reference ID", "Identifier of the document in the calling system"};
 
 const std::vector<std::string> documentAttributes = {"doc_revision@doc_number", "doc_revision@doc_rev_num",
                                                      "doc_ver_num", "doc_revision@doc_title", "db_object_id"};
@@ -31,7 +31,7 @@ OperationCommand vaultCommand(const char* name, const char* description, const c
             example,
             {{"document", "Document number"},
              {"revision", "Revision number"},
-             {"--id", "Database identifier of the version, instead of the numbers"}},
+             {"--id ID", "Database identifier of the version, instead of the numbers"}},
             documentAttributes,
             [operation](Call& call) {
                 return call.object(operation(call.text("--id"), call.text("document"), call.text("revision"),
@@ -70,7 +70,10 @@ CommandGroup documentCommands()
     using parameters::change;
     using parameters::neededChange;
     return {"doc",
-            "Documents",
+            "Create documents, check them out and in, and revise them\n\n"
+            "A document has revisions, and a revision has versions in the vault. Whoever checks a version "
+            "out holds it, until they check it in, which makes the next version, or give the check-out up. "
+            "\"revise\" makes the next revision. The server gives a new document its number.",
             {{"create",
               "Create a document and check its first version in",
               "velrzm doc create \"Bracket drawing\" --ec EC-100",
@@ -82,7 +85,7 @@ CommandGroup documentCommands()
               }},
              vaultCommand("checkout", "Check a document out of the vault", "velrzm doc checkout 1 1",
                           DocumentCheckOut),
-             vaultCommand("checkin", "Check a checked-out document in", "velrzm doc checkin 1 1",
+             vaultCommand("checkin", "Check a document in that was checked out", "velrzm doc checkin 1 1",
                           DocumentCheckIn),
              vaultCommand("cancel", "Give a check-out up", "velrzm doc cancel 1 1", DocumentCancelCheckOut),
              {"revise",

@@ -7,19 +7,11 @@
 #include "tools/access_log_reader.h"
 #include "tools/command_line.h"
 #include "tools/standard_streams.h"
+#include "tools/text.h"
 
 namespace tools {
 
 namespace {
-
-std::string joined(const std::vector<std::string>& texts, const char* separator)
-{
-    std::string all;
-    for (const std::string& text : texts) {
-        all.append(all.empty() ? "" : separator).append(text);
-    }
-    return all;
-}
 
 struct Summary {
     std::string operation;
@@ -99,7 +91,8 @@ void addLogCommand(CommandLine& line, CLI::App& group, const char* name, const c
 
 void addLogCommands(CommandLine& line)
 {
-    CLI::App& group = line.addGroup("log", "Access logs");
+    CLI::App& group = line.addGroup("log", "Tell what was called and what failed, from an access log\n\n"
+                                           "The library writes an access log when QVL_LOG_FILE names one.");
     addLogCommand(line, group, "summary", "Count the calls and failures of each operation in an access log",
                   "velrzm log summary access.log", summarize);
     addLogCommand(line, group, "failures", "Show each failed call with the inputs of its operation",

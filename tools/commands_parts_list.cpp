@@ -233,34 +233,45 @@ void exportPartsList(const ExportOptions& options, const Settings& settings)
 void addPartsListCommands(CommandLine& line)
 {
     const auto options = std::make_shared<ImportOptions>();
-    CLI::App& import = line.addCommand(line.app(), "import",
-                                       "Store the items and component lines of a parts list, all or nothing",
-                                       "velrzm import parts.csv --ec EC-100 --map "
-                                       "item_number=Part,name=\"Part Name\",quantity=Qty,level=Level",
-                                       [&line, options] { importPartsList(*options, line.settings()); });
+    CLI::App& import =
+        line.addCommand(line.app(), "import",
+                        "Store the items and component lines of a parts list, all or nothing\n\n"
+                        "A row of the file is an item. Its place in the structure is either a \"level\", "
+                        "counted from the top, or the number of its \"parent\". Rows that are wrong are "
+                        "told with their lines, and then nothing is stored, unless --keep-going is given.",
+                        "velrzm import parts.csv --ec EC-100 --map item_number=Part,name=\"Part "
+                        "Name\",quantity=Qty,level=Level",
+                        [&line, options] { importPartsList(*options, line.settings()); });
     import.add_option("file", options->file, "CSV file whose first row names the columns")->required();
-    import.add_option("--ec", options->change, "Number of the change that introduces the items")->required();
+    import.add_option("--ec", options->change, "Number of the change that introduces the items")
+        ->required()
+        ->type_name("CHANGE");
     import
         .add_option("--map", options->map,
-                    "Which column is what: level, parent, item_number, name, item_type, quantity")
+                    "Which column is what: level, parent, item_number, name, item_type or quantity; a "
+                    "column that has such a name itself needs none")
         ->type_name("NAME=COLUMN,...")
         ->delimiter(',')
         ->expected(1)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-    import.add_option("--top", options->rules.top, "Item that stands above all; made when it is not there");
-    import.add_option("--delimiter", options->delimiter, "What parts the fields")->type_name("CHARACTER");
+    import.add_option("--top", options->rules.top, "Item that stands above all; made when it is not there")
+        ->type_name("ITEM");
+    import
+        .add_option("--delimiter", options->delimiter, "What stands between the fields; a comma unless given")
+        ->type_name("CHARACTER");
     import.add_flag("--attributes", options->rules.keepOtherColumns,
                     "Keep the other columns as item attributes");
     import.add_flag("--dry-run", options->dryRun, "Only say what would be stored and refused");
     import.add_flag("--keep-going", options->keepGoing, "Store what is good although rows are refused");
 
     const auto exportOptions = std::make_shared<ExportOptions>();
-    CLI::App& exported =
-        line.addCommand(line.app(), "export", "Write a bill of material and its items as import reads them",
-                        "velrzm export A-100 --attributes mass_g,colour > parts.csv",
-                        [&line, exportOptions] { exportPartsList(*exportOptions, line.settings()); });
+    CLI::App& exported = line.addCommand(
+        line.app(), "export", "Write a bill of material and its items as a CSV file that import reads",
+        "velrzm export A-100 --attributes mass_g,colour > parts.csv",
+        [&line, exportOptions] { exportPartsList(*exportOptions, line.settings()); });
     exported.add_option("item", exportOptions->request.item, "Item as it is stored")->required();
-    exported.add_option("--ec", exportOptions->request.change, "Lines of this change only");
+    exported.add_option("--ec", exportOptions->request.change, "Lines of this change only")
+        ->type_name("CHANGE");
     exported
         .add_option("--attributes", exportOptions->attributes,
                     "Item attributes to write as further columns, which import --attributes reads")

@@ -88,24 +88,26 @@ void listUsers(const Settings& settings)
 
 /** A command that takes one text. */
 void addCommandOn(CommandLine& line, CLI::App& group, const char* name, const char* description,
-                  const char* example, const char* subject,
+                  const char* example, const char* subject, const char* meaning,
                   void (*action)(const Settings&, const std::string&))
 {
     const auto text = std::make_shared<std::string>();
     line.addCommand(group, name, description, example,
                     [&line, text, action] { action(line.settings(), *text); })
-        .add_option(subject, *text)
+        .add_option(subject, *text, meaning)
         ->required();
 }
 
 void addUserCommands(CommandLine& line)
 {
-    CLI::App& group = line.addGroup("user", "Users of the store");
-    addCommandOn(line, group, "add", "Add a user", "velrzm user add asmith", "name", addUser);
+    CLI::App& group =
+        line.addGroup("user", "Add, remove and list the users of a store, and change passwords");
+    addCommandOn(line, group, "add", "Add a user", "velrzm user add asmith", "name", "Name of the user",
+                 addUser);
     addCommandOn(line, group, "passwd", "Give a user another password", "velrzm user passwd asmith", "name",
-                 changePassword);
+                 "Name of the user", changePassword);
     addCommandOn(line, group, "remove", "Remove a user; what the user saved stays",
-                 "velrzm user remove asmith", "name", removeUser);
+                 "velrzm user remove asmith", "name", "Name of the user", removeUser);
     line.addCommand(group, "list", "List the users", "velrzm user list",
                     [&line] { listUsers(line.settings()); });
 }
@@ -119,13 +121,19 @@ void loadFile(const Settings& /*settings*/, const std::string& file)
 
 void addLoadCommands(CommandLine& line)
 {
-    CLI::App& group = line.addGroup("load", "Load tables from CSV files; what a file is about is replaced");
+    CLI::App& group =
+        line.addGroup("load", "Load tables of a store from CSV files\n\n"
+                              "The first row of a file names its columns. What a file is about is "
+                              "replaced: the options of its products, the entries of its tables.");
     addCommandOn(line, group, "options", "Load options: the columns product, feature, variant",
-                 "velrzm load options options.csv", "file", loadFile<qvlocal::loadProductOptions>);
+                 "velrzm load options options.csv", "file", "CSV file to load",
+                 loadFile<qvlocal::loadProductOptions>);
     addCommandOn(line, group, "packages", "Load option packages: the columns product, package_id",
-                 "velrzm load packages packages.csv", "file", loadFile<qvlocal::loadProductPackages>);
+                 "velrzm load packages packages.csv", "file", "CSV file to load",
+                 loadFile<qvlocal::loadProductPackages>);
     addCommandOn(line, group, "xlat", "Load translation tables: the columns table, from, to",
-                 "velrzm load xlat units.csv", "file", loadFile<qvlocal::loadTranslationTables>);
+                 "velrzm load xlat units.csv", "file", "CSV file to load",
+                 loadFile<qvlocal::loadTranslationTables>);
 }
 
 } // namespace

@@ -16,8 +16,8 @@ namespace {
 using Need = Parameter::Need;
 
 constexpr Parameter topItem = {"item", "Item as it is stored", Need::Required};
-constexpr Parameter lineChange = {"--ec", "Lines of this change only"};
-constexpr Parameter levels = {"--level", "How many levels; by default all"};
+constexpr Parameter lineChange = {"--ec CHANGE", "Lines of this change only"};
+constexpr Parameter levels = {"--level NUMBER", "How many levels; by default all"};
 
 StructureRequest request(Call& call, const char* item)
 {
@@ -72,7 +72,9 @@ Outcome compareStructures(Call& call)
 CommandGroup structureCommands()
 {
     return {"bom",
-            "Bills of material",
+            "Show bills of material, add them up and compare them\n\n"
+            "A bill of material is the component lines of an item and, level by level, those of its "
+            "components. \"velrzm component\" and \"velrzm import\" store lines.",
             {{"header",
               "Make sure that an item has a bill-of-material header",
               "velrzm bom header A-100 --ec EC-100",

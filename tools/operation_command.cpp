@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/operation_command.h"
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 
 #include <velrzm/result.h>
 
+#include "tools/command_tree.h"
 #include "tools/failures.h"
 #include "tools/session.h"
 #include "tools/standard_streams.h"
+#include "tools/text.h"
 
 namespace tools {
 
@@ -46,16 +49,24 @@ void addParameter(CLI::App& command, const Parameter& parameter)
         command.add_flag(parameter.name, parameter.description);
         return;
     }
-    CLI::Option& option = *command.add_option(parameter.name, parameter.description)->type_name("TEXT");
+    const std::string signature = parameter.name;
+    const std::size_t nameEnd = std::min(signature.find(' '), signature.size());
+    const std::string value = nameEnd == signature.size() ? "TEXT" : signature.substr(nameEnd + 1);
+    CLI::Option& option =
+        *command.add_option(signature.substr(0, nameEnd), parameter.description)->type_name(value);
     option.required(parameter.need == Parameter::Need::Required);
+    if (!choicesOf(option).empty()) {
+        insistOnChoices(option);
+    }
     if (parameter.takes == Parameter::Takes::Pairs) {
-        option.type_name("NAME=VALUE")->expected(1)->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+        option.expected(1)->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
     }
 }
 
-void addSelection(CLI::App& command)
+void addSelection(CLI::App& command, const std::vector<std::string>& shown)
 {
-    command.add_option(selectOption, "Attributes to read back, separated by commas")
+    const std::string description = "Attributes to show; by default " + joined(shown, ", ");
+    command.add_option(selectOption, description)
         ->type_name("NAME,...")
         ->delimiter(',')
         ->expected(1)
@@ -90,7 +101,7 @@ void addOperation(CommandLine& line, CLI::App& group, const OperationCommand& op
         addParameter(**command, parameter);
     }
     if (!operation.shown.empty()) {
-        addSelection(**command);
+        addSelection(**command, operation.shown);
     }
     if (!operation.furtherFormats.empty()) {
         line.addFormats(**command, operation.furtherFormats);

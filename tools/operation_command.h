@@ -19,7 +19,9 @@
 
 namespace tools {
 
-/** What a command takes: "item" stands at its place in the command line, "--ec" is an option. */
+/** What a command takes: "item" stands at its place in the command line, "--ec CHANGE" is an option. Behind
+ * the name of an option stands what the help calls its value, if that is no mere TEXT; "a|b" allows these words
+ * only. */
 struct Parameter {
     enum class Need { Optional, Required };
     enum class Takes { Text, Nothing, Pairs };
@@ -87,7 +89,7 @@ struct OperationCommand {
     std::vector<std::string> shown;
     std::function<Outcome(Call&)> run;
     /** Forms of the results that this command has beyond those of all commands. */
-    std::map<std::string, Format> furtherFormats = {};
+    NamedFormats furtherFormats = {};
 };
 
 /** The commands that share their first word. */
@@ -100,16 +102,17 @@ struct CommandGroup {
 /** The names of parameters and options that mean the same wherever they occur. */
 namespace parameters {
 
-constexpr Parameter change = {"--ec", "Number of the engineering change"};
-constexpr Parameter neededChange = {"--ec", "Number of the engineering change", Parameter::Need::Required};
+constexpr Parameter change = {"--ec CHANGE", "Number of the engineering change"};
+constexpr Parameter neededChange = {"--ec CHANGE", "Number of the engineering change",
+                                    Parameter::Need::Required};
 constexpr Parameter item = {"item", "Item number", Parameter::Need::Required};
-constexpr Parameter identifier = {"--id", "Database identifier, instead of the numbers"};
-constexpr Parameter name = {"--name", "Name"};
-constexpr Parameter type = {"--type", "Type code"};
-constexpr Parameter securityLevel = {"--security-level", "Security level code"};
-constexpr Parameter securityCategory = {"--security-category", "Security category code"};
-constexpr Parameter set = {"--set", "Further attribute to store; may be repeated", Parameter::Need::Optional,
-                           Parameter::Takes::Pairs};
+constexpr Parameter identifier = {"--id ID", "Database identifier, instead of the numbers"};
+constexpr Parameter name = {"--name", "Name of the item"};
+constexpr Parameter type = {"--type CODE", "Item type code"};
+constexpr Parameter securityLevel = {"--security-level CODE", "Security level code"};
+constexpr Parameter securityCategory = {"--security-category CODE", "Security category code"};
+constexpr Parameter set = {"--set NAME=VALUE", "Further attribute to store; may be repeated",
+                           Parameter::Need::Optional, Parameter::Takes::Pairs};
 
 } // namespace parameters
 

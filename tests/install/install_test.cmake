@@ -52,6 +52,12 @@ function(test_Tool)
   if(NOT output MATCHES "demo")
     message(FATAL_ERROR "${CASE}: the help of the installed tool does not name its commands:\n${output}")
   endif()
+  foreach(file IN ITEMS man/man1/velrzm.1 man/man1/velrzm-item.1 bash-completion/completions/velrzm
+                        zsh/site-functions/_velrzm)
+    if(NOT EXISTS ${tree}/share/${file})
+      message(FATAL_ERROR "${CASE}: share/${file} was not installed")
+    endif()
+  endforeach()
 endfunction()
 
 cmake_language(CALL test_${CASE})
