@@ -22,8 +22,13 @@ int EngineeringChangeCreate(const VELUnicodeString& ecNumber, const VELUnicodeSt
     op.trace("-    SecurityLevel=", securityLevel, "- SecurityCategory=", securityCategory, "-");
     op.log("EcNumber=", number, "EcName=", ecName);
     op.log("SecurityLevel=", securityLevel, "SecurityCategory=", securityCategory);
-    op.tracePairs("-     ... and eventually, some Default Attributes ...", "-     ", defaults.all());
-    op.logPairs("   ", defaults.all());
+    if (defaults.found() > 0) {
+        op.trace("-     ... and eventually, some Default Attributes ...");
+    }
+    for (const Pair pair : defaults.all()) {
+        op.trace("-     ", pair.name, "=", pair.value, "-");
+        op.log("   ", pair.name, "=", pair.value);
+    }
     op.reset();
     op.renew("EngineeringChange");
     op.step(" Set Required Fields for Save");

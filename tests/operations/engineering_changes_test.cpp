@@ -37,8 +37,8 @@ log @ EcNumber= EC-12A EcName= Stronger bracket
 log @ SecurityLevel= 3 SecurityCategory= C
 2 @-     ... and eventually, some Default Attributes ....
 2 @-     priority=high-.
-2 @-     desc=default-.
 log @     priority = high
+2 @-     desc=default-.
 log @     desc = default
 - QV_Destroy_Object(null) = 0
 > QV_Create_Object(obj1, "EngineeringChange") = 0
