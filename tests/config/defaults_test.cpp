@@ -221,6 +221,17 @@ TEST_F(Defaults, AFileThatCannotBeReadIsSkipped)
     EXPECT_EQ(pairs(), "a=1;");
 }
 
+TEST_F(Defaults, TheOperationMayStandInAListThatIsEmptied)
+{
+    connect();
+    writeFile(sharedFile, "ItemCreate site A\n");
+    auto names = harness::textList({"ItemCreate"});
+    auto values = names;
+    EXPECT_EQ(DefaultRead(names[1], names, values), 1);
+    values = harness::textList({"ItemCreate"});
+    EXPECT_EQ(DefaultRead(values[1], names, values), 1);
+}
+
 TEST_F(Defaults, AnOperationWithoutANameHasNoEntries)
 {
     writeFile(sharedFile, "ItemCreate a 1\n");

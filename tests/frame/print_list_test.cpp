@@ -191,6 +191,11 @@ TEST_F(PrintList, ALongLineIsReadInPiecesOf255Characters)
     EXPECT_EQ(openText(std::string(254, 'x') + "\na b 5\n"), 5);
     EXPECT_EQ(openText(std::string(255, 'x') + "\na b 5\n"), 0) << "the second piece is the line feed";
     EXPECT_EQ(openText(std::string(255, 'x') + "a b 5\n"), 5);
+    for (const int size : {1000, 0, -1}) { // neither too much nor nothing is read
+        bufsize = size;
+        EXPECT_EQ(openText("\na b 5\n"), size == 1000 ? 5 : 0);
+    }
+    bufsize = sizeof buf;
 }
 
 TEST_F(PrintList, AFileThatEndsEarlyGivesNothingButItsBeginnings)

@@ -206,9 +206,14 @@ BomExplode:
 TEST_F(BomExplosion, MissingParameterValuesAreEmptyTexts)
 {
     connect(2);
-    // The closing null of the values stands where the second one is missing.
-    const Outcome outcome = explode({"item_number", "ec_number"}, {"BR-1"}, {});
+    Text item("BR-1");
+    Text level("2");
+    std::array<char*, 3> values = {item, nullptr, level};
+    const Outcome outcome = record([&] {
+        return BomExplode(Names({"item_number", "ec_number", "max_level"}), values.data(), nullptr);
+    });
     EXPECT_EQ(countLines(outcome.calls, R"("item_number", "BR-1")"), 1);
+    EXPECT_EQ(countLines(outcome.calls, R"("max_level", "2")"), 1);
     EXPECT_EQ(countLines(outcome.calls, R"("ec_number", "")"), 1);
     EXPECT_EQ(countLines(outcome.output, "BomExplode   ec_number=-."), 1);
     EXPECT_EQ(

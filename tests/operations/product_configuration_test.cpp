@@ -99,6 +99,15 @@ TEST_P(ProductConfiguration, WithoutAProductNumberEveryProductIsListed)
     EXPECT_EQ(query("").story, storyOf("", ""));
 }
 
+TEST_P(ProductConfiguration, TheProductMayStandInAListThatIsEmptied)
+{
+    connect();
+    lists_[0] = textList({"Car-1"});
+    const Outcome outcome =
+        record([&] { return GetParam().run(lists_[0][1], lists_[0], lists_[1], lists_[2]); });
+    EXPECT_EQ(countLines(outcome.calls, "&=(product,'Car-1')"), 1);
+}
+
 TEST_P(ProductConfiguration, TheRowsComeBackInLists)
 {
     connect(2);
