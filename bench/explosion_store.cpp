@@ -57,8 +57,8 @@ class StructureWriter {
 public:
     StructureWriter(sqlite3* database, std::int64_t lines, Items items)
         : lines_(lines), items_(items),
-          item_(prepare(database, R"(INSERT OR IGNORE INTO "ItemEngineeringData" ("logical_key@item_number")
-                                     VALUES (?1))")),
+          item_(prepare(database, R"(INSERT OR IGNORE INTO "ItemEngineeringData" ("logical_key@item_number",
+                                     "master_item@control") VALUES (?1, '1'))")),
           line_(prepare(database, R"(INSERT INTO "Component" ("logical_key@item_number",
                                      "logical_key@comp_item_number", "logical_key@comp_seq_nm")
                                      VALUES (?1, ?2, ?3))"))
