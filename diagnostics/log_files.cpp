@@ -42,8 +42,9 @@ std::FILE* openLog(const char* path, std::string_view purpose)
 }
 
 /**
- * Hands the text to the system itself, which costs half of the way through a stream; not when the stream holds text
- * back, which must come first, or has no file behind it. Says whether this was the way; what then fails is ignored.
+ * Hands the text to the system itself, which spares about half of what a stream adds to the system call; not when the
+ * stream holds text back, which must come first, or has no file behind it. Says whether this was the way; what then
+ * fails is ignored.
  */
 bool writePastStream(std::FILE* file, std::string_view text) noexcept
 {
