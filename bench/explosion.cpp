@@ -138,10 +138,16 @@ void sizes(benchmark::internal::Benchmark* benchmark)
     benchmark->Arg(1000)->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond);
 }
 
-BENCHMARK_CAPTURE(explosionByLibrary, distinct, bench::Items::Distinct)
+BENCHMARK_CAPTURE(explosionByLibrary, inOrder, bench::Items::InOrder)
     ->Name("explosion/BomExplode")
     ->Apply(sizes);
-BENCHMARK_CAPTURE(explosionByQuery, distinct, bench::Items::Distinct)->Name("explosion/query")->Apply(sizes);
+BENCHMARK_CAPTURE(explosionByQuery, inOrder, bench::Items::InOrder)->Name("explosion/query")->Apply(sizes);
+BENCHMARK_CAPTURE(explosionByLibrary, scattered, bench::Items::Scattered)
+    ->Name("explosion of scattered numbers/BomExplode")
+    ->Apply(sizes);
+BENCHMARK_CAPTURE(explosionByQuery, scattered, bench::Items::Scattered)
+    ->Name("explosion of scattered numbers/query")
+    ->Apply(sizes);
 BENCHMARK_CAPTURE(explosionByLibrary, standard, bench::Items::StandardParts)
     ->Name("explosion with standard parts/BomExplode")
     ->Apply(sizes);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "bench/explosion_store.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <map>
@@ -56,7 +57,8 @@ std::array<std::int64_t, structureLevels> linesOfLevels(std::int64_t lines)
 class StructureWriter {
 public:
     StructureWriter(sqlite3* database, std::int64_t lines, Items items)
-        : lines_(lines), items_(items),
+        : lines_(linesOfLevels(lines)), items_(items),
+          standardParts_(std::max<std::int64_t>(1, lines / usesOfStandardPart)),
           item_(prepare(database, R"(INSERT OR IGNORE INTO "ItemEngineeringData" ("logical_key@item_number",
                                      "master_item@control") VALUES (?1, '1'))")),
           line_(prepare(database, R"(INSERT INTO "Component" ("logical_key@item_number",
@@ -68,9 +70,8 @@ public:
     {
         insert(item_.get(), {topItem});
         std::int64_t parents = 1;
-        const auto counts = linesOfLevels(lines_);
-        for (int level = 1; level <= structureLevels; ++level) {
-            const std::int64_t count = counts.at(static_cast<std::size_t>(level - 1));
+        for (std::size_t level = 1; level <= lines_.size(); ++level) {
+            const std::int64_t count = lines_.at(level - 1);
             std::int64_t sequence = 0;
             for (std::int64_t line = 0; line < count; ++line) {
                 const std::int64_t parent = line * parents / count;
@@ -84,19 +85,22 @@ public:
     }
 
 private:
-    /** The number of an item. Neighbours in the structure have none that are alike, as in a store that grew.
-     */
-    std::string itemOf(int level, std::int64_t place) const
+    static constexpr std::int64_t usesOfStandardPart = 50;
+
+    /** The number of the item at a place of a level. */
+    std::string itemOf(std::size_t level, std::int64_t place) const
     {
-        constexpr std::int64_t step = 7654321; // a prime
         constexpr std::int64_t numbers = 10000000;
-        constexpr std::int64_t usesOfStandardPart = 50;
+        constexpr std::int64_t step =
+            6180339; // the golden ratio: no two of some thousand neighbours are close
         if (level == 0) {
             return topItem;
         }
-        const bool standard = items_ == Items::StandardParts && level == structureLevels;
-        const std::int64_t kind = standard ? place % (lines_ / usesOfStandardPart) : place;
-        return "P" + std::to_string(level) + "-" + std::to_string(numbers + kind * step % numbers);
+        const bool standard = items_ == Items::StandardParts && level == lines_.size();
+        const std::int64_t made =
+            std::accumulate(lines_.begin(), lines_.begin() + level - 1, std::int64_t(0)) +
+            (standard ? place % standardParts_ : place);
+        return "P" + std::to_string(numbers + (items_ == Items::Scattered ? made * step % numbers : made));
     }
 
     static void insert(sqlite3_stmt* statement, const std::vector<std::string>& values)
@@ -109,16 +113,17 @@ private:
         sqlite3_reset(statement);
     }
 
-    std::int64_t lines_;
+    std::array<std::int64_t, structureLevels> lines_; // of each level
     Items items_;
+    std::int64_t standardParts_;
     Statement item_;
     Statement line_;
 };
 
 std::string makeStore(std::int64_t lines, Items items)
 {
-    std::string path = logFolder() + "/structure-" + std::to_string(lines) +
-                       (items == Items::Distinct ? "-distinct" : "-standard") + ".db";
+    std::string path = logFolder() + "/structure-" + std::to_string(lines) + '-' +
+                       std::to_string(static_cast<int>(items)) + ".db";
     qvlocal::initializeStore("sqlite:" + path, "bench", "bench");
     const Database database = openDatabase(path);
     run(database.get(), "BEGIN");

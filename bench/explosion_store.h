@@ -12,8 +12,12 @@
 
 namespace bench {
 
-/** Which items a structure is made of: each one once, or, on the lowest level, standard parts. */
-enum class Items { Distinct, StandardParts };
+/**
+ * Which items a structure is made of: each one once, with numbers in the order of the structure, as in a new
+ * store, or with numbers far from those of their neighbours, as after years of use; or, on the lowest level,
+ * standard parts.
+ */
+enum class Items { InOrder, Scattered, StandardParts };
 
 struct CloseDatabase {
     void operator()(sqlite3* database) const noexcept { sqlite3_close(database); }

@@ -28,7 +28,7 @@ int listItems()
 /** Reads a value of record `record` and of the one behind it in turn, since a record stays loaded. */
 void readRecords(benchmark::State& state, int record)
 {
-    const bench::Session session(bench::storeWithStructure(items, bench::Items::Distinct));
+    const bench::Session session(bench::storeWithStructure(items, bench::Items::InOrder));
     if (!session.isConnected() || listItems() != items) {
         state.SkipWithError("no list of the items");
         return;
