@@ -17,6 +17,7 @@
 
 #include "platform/server/errors.h"
 #include "platform/server/query_sql.h"
+#include "platform/server/rows.h"
 
 namespace qvserver {
 
@@ -71,6 +72,15 @@ public:
         const auto size = static_cast<std::size_t>(sqlite3_column_bytes(statement_.get(), column));
         return bytes == nullptr ? std::string_view()
                                 : std::string_view(static_cast<const char*>(bytes), size);
+    }
+
+    /** Appends a row with the texts of the first columns, as many as `rows` has. */
+    void appendTo(Rows& rows) const
+    {
+        rows.beginRow();
+        for (std::size_t column = 0; column < rows.width(); ++column) {
+            rows.append(text(static_cast<int>(column)));
+        }
     }
 
     /** Makes the statement ready to run again with its values. */

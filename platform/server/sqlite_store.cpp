@@ -10,6 +10,7 @@
 
 #include "platform/server/query_sql.h"
 #include "platform/server/sqlite_copy.h"
+#include "platform/server/sqlite_lookup.h"
 #include "platform/server/sqlite_schema.h"
 
 namespace qvserver {
@@ -58,48 +59,6 @@ public:
 private:
     std::string path_;
     bool kept_ = false;
-};
-
-void appendRow(const SqliteStatement& found, Rows& rows)
-{
-    rows.beginRow();
-    for (std::size_t column = 0; column < rows.width(); ++column) {
-        rows.append(found.text(static_cast<int>(column)));
-    }
-}
-
-/**
- * A statement that stays prepared: the value to look for is its last parameter; the id is its last column,
- * read as the number that it is.
- */
-class SqliteLookup : public Lookup {
-public:
-    SqliteLookup(SqliteDatabase& database, const Query& query)
-        : sql_(sqlOf(query)), statement_(database.use(sql_)),
-          parameter_(static_cast<int>(sql_.parameters.size())),
-          idColumn_(static_cast<int>(query.select.size()) - 1)
-    {}
-
-    const std::vector<std::int64_t>& find(std::string_view value, Rows& rows) override
-    {
-        value_ = value; // the statement needs it while `rows`, where it may come from, grows
-        ids_.clear();
-        statement_->rewind();
-        statement_->bind(parameter_, std::string_view(value_));
-        while (statement_->step()) {
-            appendRow(*statement_, rows);
-            ids_.push_back(statement_->integer(idColumn_));
-        }
-        return ids_;
-    }
-
-private:
-    Sql sql_;
-    std::string value_;
-    std::vector<std::int64_t> ids_;
-    SqliteDatabase::Use statement_;
-    int parameter_;
-    int idColumn_;
 };
 
 } // namespace
@@ -290,17 +249,14 @@ std::shared_ptr<const Rows> SqliteStore::select(const Query& query)
     auto rows = std::make_shared<Rows>(query.select);
     auto found = database_.use(sql);
     while (found->step()) {
-        appendRow(*found, *rows);
+        found->appendTo(*rows);
     }
     return rows;
 }
 
 std::unique_ptr<Lookup> SqliteStore::lookup(Query query, std::string_view path)
 {
-    query.ordered = false;
-    query.select.emplace_back(objectIdPath);
-    query.where.push_back(equals(path, ""));
-    return std::make_unique<SqliteLookup>(database_, query);
+    return std::make_unique<SqliteLookup>(database_, std::move(query), path);
 }
 
 std::int64_t SqliteStore::count(const Class& objectClass)

@@ -24,16 +24,25 @@ enum class Access { Read, Write };
 /** Whether a change of an object counts as a save of it. */
 enum class Count { Save, Nothing };
 
-/** A query that is asked many times, each time with another value of one attribute. */
+/** A query that is asked for many values of one attribute. It belongs in one transaction. */
 class Lookup {
 public:
+    /** Told that a value, by its place among those asked for, has the rows from `firstRow` on, and the ids of
+     * their objects. */
+    using Answer =
+        std::function<void(std::size_t place, std::size_t firstRow, const std::vector<std::int64_t>& ids)>;
+
     Lookup() = default;
     Lookup(const Lookup&) = delete;
     Lookup& operator=(const Lookup&) = delete;
     virtual ~Lookup() = default;
 
-    /** Appends what is found for `value` to `rows`, and gives the ids of the objects until the next call. */
-    virtual const std::vector<std::int64_t>& find(std::string_view value, Rows& rows) = 0;
+    /**
+     * Appends to `rows` what is found for the values, and tells of each value that has something, in the order
+     * that costs least: many values at once cost less than one after the other. The values must stay where
+     * they are while `rows` grows.
+     */
+    virtual void find(const std::vector<std::string_view>& values, Rows& rows, const Answer& answer) = 0;
 };
 
 /** Told how many bytes of how many are copied; it may throw to end the copying. */
@@ -62,8 +71,8 @@ public:
     virtual Values values(const Class& objectClass, std::int64_t id) = 0;
     virtual std::shared_ptr<const Rows> select(const Query& query) = 0;
     /**
-     * `query`, without an order, among the objects that have a value of the attribute `path`. It belongs in
-     * one transaction, since a transaction for each question would cost more than the answer.
+     * `query`, without an order, among the objects that have a value of the attribute `path`. Its transaction
+     * must be open: one for each question would cost more than the answer.
      */
     virtual std::unique_ptr<Lookup> lookup(Query query, std::string_view path) = 0;
     virtual std::int64_t count(const Class& objectClass) = 0;

@@ -254,6 +254,39 @@ TEST_F(ExplosionTest, EqualsAPlainWalkOverRandomStructures)
     EXPECT_GT(rowsSeen, 1000U);
 }
 
+/** So many items on a level are looked for in another order, and those without lines not at all. */
+TEST_F(ExplosionTest, EqualsAPlainWalkOverAWideStructure)
+{
+    constexpr int assemblies = 1100;
+    std::vector<Line> lines;
+    createItems({"TOP", "PART", "BOLT", "ELSEWHERE"});
+    for (int place = 0; place < assemblies; ++place) {
+        const std::string assembly = "ASSEMBLY-" + std::to_string(place * 617 % assemblies);
+        createItems({assembly});
+        lines.push_back({"TOP", assembly, std::to_string(place), place % 5 == 0 ? "EC1" : ""});
+        if (place % 3 == 0) {
+            lines.push_back({assembly, "PART", "20", place % 2 == 0 ? "EC1" : ""});
+            lines.push_back({assembly, "BOLT", "10", "EC1"});
+        }
+    }
+    lines.push_back({"PART", "BOLT", "5"});
+    lines.push_back({"ELSEWHERE", "BOLT", "1"});
+    for (const Line& line : lines) {
+        ASSERT_EQ(save(line), 0) << message();
+    }
+    for (const std::string change : {"", "EC1"}) {
+        for (const std::size_t maxLevel : {0U, 2U}) {
+            Table expected;
+            walk(lines, "TOP", change, maxLevel, 1, expected);
+            EXPECT_EQ(
+                explode(
+                    {{"item_number", "TOP"}, {"ec_number", change}, {"max_level", std::to_string(maxLevel)}},
+                    structureColumns),
+                expected);
+        }
+    }
+}
+
 TEST_F(ExplosionTest, SortsNumbersBeforeOtherTextsAndEqualOnesByAge)
 {
     createItems({"A", "B", "C"});

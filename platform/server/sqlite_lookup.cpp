@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "platform/server/sqlite_lookup.h"
+
+#include <algorithm>
+#include <functional>
+#include <utility>
+
+namespace qvserver {
+
+namespace {
+
+/** With fewer questions the pages of the index that were met stay at hand in any order. */
+constexpr std::size_t manyQuestions = 1000;
+/** Reading the attribute of so many objects costs about as much as looking for one value. */
+constexpr std::size_t objectsOfAQuestion = 8;
+/** So that few values share the bit of a stored one, and all bits stay in the cache of the processor. */
+constexpr std::size_t bitsOfAnObject = 2;
+
+/** The first characters of a text as a number that is as far up as the text is in the order. */
+std::uint64_t headOf(std::string_view text) noexcept
+{
+    std::uint64_t head = 0;
+    for (std::size_t index = 0; index < sizeof head; ++index) {
+        head = head << 8 | (index < text.size() ? static_cast<unsigned char>(text[index]) : 0);
+    }
+    return head;
+}
+
+Query withIdFor(Query query, std::string_view path)
+{
+    query.ordered = false;
+    query.select.emplace_back(objectIdPath);
+    query.where.push_back(equals(path, ""));
+    return query;
+}
+
+} // namespace
+
+SqliteLookup::SqliteLookup(SqliteDatabase& database, Query query, std::string_view path)
+    : database_(database), path_(path), table_(sqlName(query.objectClass->name)),
+      sql_(sqlOf(withIdFor(std::move(query), path))), statement_(database.use(sql_))
+{}
+
+void SqliteLookup::find(const std::vector<std::string_view>& values, Rows& rows, const Answer& answer)
+{
+    prepareFor(values.size());
+    questions_.clear();
+    for (std::size_t place = 0; place < values.size(); ++place) {
+        if (mayBeStored(values[place])) {
+            questions_.push_back({headOf(values[place]), place});
+        }
+    }
+    if (questions_.size() >= manyQuestions) {
+        std::sort(questions_.begin(), questions_.end(), [&](const Question& left, const Question& right) {
+            return left.head != right.head ? left.head < right.head
+                                           : values[left.place] < values[right.place];
+        });
+    }
+    for (const Question& question : questions_) {
+        const std::size_t firstRow = rows.size();
+        findOne(values[question.place], rows);
+        if (!ids_.empty()) {
+            answer(question.place, firstRow, ids_);
+        }
+    }
+}
+
+void SqliteLookup::prepareFor(std::size_t questions)
+{
+    if (!stored_.empty() || questions < manyQuestions) {
+        return;
+    }
+    // The largest id, which is there at once, instead of a count, which is not.
+    auto last = database_.use("SELECT MAX(db_object_id) FROM " + table_);
+    last->step();
+    const auto mostObjects = static_cast<std::size_t>(last->integer(0));
+    if (mostObjects <= objectsOfAQuestion * questions) {
+        readStored(mostObjects);
+    }
+}
+
+void SqliteLookup::readStored(std::size_t mostObjects)
+{
+    stored_.resize(bitsOfAnObject * mostObjects + 1);
+    auto value = database_.use("SELECT DISTINCT " + sqlName(path_) + " FROM " + table_);
+    while (value->step()) {
+        stored_[bitOf(value->text(0))] = true;
+    }
+}
+
+void SqliteLookup::findOne(std::string_view value, Rows& rows)
+{
+    ids_.clear();
+    statement_->rewind();
+    statement_->bind(static_cast<int>(sql_.parameters.size()), value);
+    while (statement_->step()) {
+        statement_->appendTo(rows);
+        ids_.push_back(statement_->integer(static_cast<int>(rows.width())));
+    }
+}
+
+std::size_t SqliteLookup::bitOf(std::string_view value) const noexcept
+{
+    return std::hash<std::string_view>()(withoutTrailingBlanks(value)) % stored_.size();
+}
+
+} // namespace qvserver

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// A product structure in memory: its items, each with its lines.
+#ifndef VELRZM_PLATFORM_SERVER_STRUCTURE_H
+#define VELRZM_PLATFORM_SERVER_STRUCTURE_H
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "platform/server/rows.h"
+#include "platform/server/store.h"
+#include "platform/server/text.h"
+#include "platform/server/text_index.h"
+
+namespace qvserver {
+
+/** The items below one item, and it. However often an item occurs, it is kept, and was read, once. */
+class Structure {
+public:
+    /** A line: the row of its values, and its component. */
+    struct Line {
+        std::uint32_t row;
+        std::uint32_t item;
+    };
+    /** The number of the item on top; the others follow level by level. */
+    static constexpr std::uint32_t top = 0;
+    /** The columns that the values of the lines begin with. */
+    static constexpr std::array<std::string_view, 2> columns = {"logical_key@comp_item_number",
+                                                                "logical_key@comp_seq_nm"};
+
+    /** The structure below `topItem`, whose lines' values are in `values`. Both must live as long as it. */
+    Structure(std::string_view topItem, Rows& values);
+
+    /** Reads the lines down to a level, 0 means all. `lookup` finds the lines of an item. */
+    void read(Lookup& lookup, std::size_t maxLevel);
+
+    /** How many items there are. */
+    std::size_t size() const noexcept { return items_.size(); }
+    /** The item's own number, without blanks at its end. */
+    std::string_view itemNumber(std::uint32_t item) const noexcept
+    {
+        return item == top ? topItem_ : componentIn(items_[item].namedIn);
+    }
+    /** The lines of an item that was read stand together, in their order. */
+    std::uint32_t firstLineOf(std::uint32_t item) const noexcept { return items_[item].firstLine; }
+    std::uint32_t endOfLinesOf(std::uint32_t item) const noexcept { return items_[item].endOfLines; }
+    const Line& line(std::uint32_t number) const noexcept { return lines_[number]; }
+
+private:
+    /** What the lines of an item are sorted by. */
+    struct SortedLine {
+        std::optional<Number> number;
+        std::string_view text;
+        std::int64_t id;
+        std::uint32_t row;
+        std::uint32_t hash;
+
+        bool operator<(const SortedLine& other) const noexcept;
+    };
+    struct Item {
+        std::uint32_t namedIn = 0; // the row that named it first; none for the top
+        std::uint32_t firstLine = 0;
+        std::uint32_t endOfLines = 0;
+    };
+
+    void readLevel(std::uint32_t first, std::uint32_t end, Lookup& lookup);
+    void addLines(Item& item, std::size_t firstRow, const std::vector<std::int64_t>& ids);
+    std::uint32_t componentOf(std::uint32_t row, std::uint32_t hash);
+    std::string_view componentIn(std::uint32_t row) const noexcept;
+
+    std::string_view topItem_;
+    Rows& values_;
+    TextIndex index_;
+    std::deque<Item> items_;
+    std::deque<Line> lines_;
+    std::vector<SortedLine> sorted_; // of the item that was read last
+};
+
+} // namespace qvserver
+
+#endif
