@@ -14,7 +14,7 @@ namespace {
 using qvserver::Access;
 using qvserver::fail;
 using qvserver::Failure;
-using qvserver::quoted;
+using qvserver::inQuotes;
 using qvserver::Store;
 using qvserver::Transaction;
 
@@ -33,7 +33,7 @@ void checkUserName(const std::string& user)
 {
     constexpr std::size_t maxLength = 255;
     if (user.empty() || user.size() > maxLength || user.find('\0') != std::string::npos) {
-        fail(Failure::UserAdministration, "the user name ", quoted(user),
+        fail(Failure::UserAdministration, "the user name ", inQuotes(user),
              " cannot be used; it must have 1 to ", maxLength, " characters and no NUL");
     }
 }
@@ -57,7 +57,7 @@ void changeUser(const std::string& location, const std::string& user, bool mustE
         Transaction transaction(*store, Access::Write);
         if (store->passwordHash(user).has_value() != mustExist) {
             fail(Failure::UserAdministration, location, mustExist ? " has no user " : " already has a user ",
-                 quoted(user));
+                 inQuotes(user));
         }
         change(*store);
         transaction.commit();

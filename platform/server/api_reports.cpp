@@ -7,8 +7,8 @@ using qvserver::fail;
 using qvserver::Failure;
 using qvserver::given;
 using qvserver::guard;
+using qvserver::inQuotes;
 using qvserver::List;
-using qvserver::quoted;
 using qvserver::Session;
 
 extern "C" {
@@ -20,8 +20,8 @@ int QV_Create_Report(QV_ReportHandle* report, const char* className, const char*
         const auto reportClass = given(className, "class name");
         const auto name = given(reportName, "report name");
         if (reportClass != ExplosionReport::className || name != ExplosionReport::reportName) {
-            fail(Failure::BadArgument, "there is no report ", quoted(name), " of the class ",
-                 quoted(reportClass), "; there is ", ExplosionReport::reportName, " of ",
+            fail(Failure::BadArgument, "there is no report ", inQuotes(name), " of the class ",
+                 inQuotes(reportClass), "; there is ", ExplosionReport::reportName, " of ",
                  ExplosionReport::className);
         }
         created = session.reports().insert(ExplosionReport());

@@ -177,13 +177,13 @@ const Class& classNamed(std::string_view name)
         }
         names.append(names.empty() ? "" : ", ").append(known.name);
     }
-    fail(Failure::BadArgument, "there is no class ", quoted(name), "; there are: ", names);
+    fail(Failure::BadArgument, "there is no class ", inQuotes(name), "; there are: ", names);
 }
 
 void checkPath(std::string_view path)
 {
     if (!isPath(path)) {
-        fail(Failure::BadPath, quoted(path),
+        fail(Failure::BadPath, inQuotes(path),
              " is not an attribute path: names of letters, digits and _, joined by @, of ", maxPathLength,
              " characters at most");
     }

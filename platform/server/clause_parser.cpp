@@ -163,7 +163,7 @@ private:
 
     [[noreturn]] void refuse(std::string_view wanted) const
     {
-        fail(Failure::BadClause, "the clause ", quoted(text_), " does not parse: character ", position_ + 1,
+        fail(Failure::BadClause, "the clause ", inQuotes(text_), " does not parse: character ", position_ + 1,
              " should be ", wanted);
     }
 

@@ -70,7 +70,7 @@ template <typename... Pieces>
 }
 
 /** A value as messages show it: in quotes, a long one cut. */
-inline std::string quoted(std::string_view value)
+inline std::string inQuotes(std::string_view value)
 {
     constexpr std::size_t limit = 100;
     std::string text = "'";

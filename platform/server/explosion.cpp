@@ -52,7 +52,7 @@ std::size_t levelLimit(std::string_view text)
     const auto number = parseNumber(text);
     const auto* const whole = number ? std::get_if<std::int64_t>(&*number) : nullptr;
     if (whole == nullptr || *whole < 0) {
-        fail(Failure::BadArgument, maxLevelParameter, '=', quoted(text),
+        fail(Failure::BadArgument, maxLevelParameter, '=', inQuotes(text),
              " is no number of levels; give a whole number, 0 or nothing for all levels");
     }
     return static_cast<std::size_t>(*whole);
@@ -106,7 +106,7 @@ private:
     void addRow(const Structure::Line& line)
     {
         if (rows_.size() == static_cast<std::size_t>(std::numeric_limits<int>::max())) {
-            fail(Failure::BadArgument, "the structure of ", quoted(structure_.itemNumber(Structure::top)),
+            fail(Failure::BadArgument, "the structure of ", inQuotes(structure_.itemNumber(Structure::top)),
                  " has more than ", rows_.size(), " rows, more than a list can hold; set ",
                  maxLevelParameter);
         }
@@ -141,7 +141,7 @@ void ExplosionReport::set(std::string_view parameter, std::string_view value)
         for (const std::string_view name : parameterNames) {
             names.append(names.empty() ? "" : ", ").append(name);
         }
-        fail(Failure::BadArgument, "the report ", reportName, " has no parameter ", quoted(parameter),
+        fail(Failure::BadArgument, "the report ", reportName, " has no parameter ", inQuotes(parameter),
              "; it has: ", names);
     }
     if (parameter == maxLevelParameter) {
@@ -185,7 +185,7 @@ std::shared_ptr<const RowSet> ExplosionReport::generate(Store& store) const
     }
     Transaction transaction(store, Access::Read);
     if (!exists(store, {&classNamed("ItemEngineeringData"), {}, {equals("logical_key@item_number", top)}})) {
-        fail(Failure::NotFound, "there is no item ", quoted(top), " to explode");
+        fail(Failure::NotFound, "there is no item ", inQuotes(top), " to explode");
     }
     const std::size_t maxLevel = levelLimit(valueOf(parameters_, maxLevelParameter));
     Structure structure(top, rows->lines());

@@ -71,7 +71,7 @@ bool hasId(const Values& given)
 std::int64_t foundOrFail(std::optional<std::int64_t> found, const Class& objectClass, const Values& given)
 {
     if (!found) {
-        const std::string wanted = hasId(given) ? "db_object_id=" + quoted(valueOf(given, objectIdPath))
+        const std::string wanted = hasId(given) ? "db_object_id=" + inQuotes(valueOf(given, objectIdPath))
                                                 : keysOf(objectClass, given);
         fail(Failure::NotFound, "there is no ", objectClass.name, " with ", wanted);
     }
@@ -88,7 +88,7 @@ void checkKeys(Store& store, const Class& objectClass, std::int64_t id, const Va
         const auto set = given.find(objectClass.keys[key]);
         if (set != given.end() && !sameText(set->second, stored->value(0, key))) {
             fail(Failure::KeyMismatch, "the ", objectClass.name, " with db_object_id '", id, "' has ",
-                 set->first, "=", quoted(stored->value(0, key)), ", not ", quoted(set->second),
+                 set->first, "=", inQuotes(stored->value(0, key)), ", not ", inQuotes(set->second),
                  "; nothing was deleted");
         }
     }
@@ -118,7 +118,7 @@ std::string keysOf(const Class& objectClass, const Values& values)
 {
     std::string text;
     for (const std::string_view key : objectClass.keys) {
-        text.append(text.empty() ? "" : ", ").append(key).append("=").append(quoted(valueOf(values, key)));
+        text.append(text.empty() ? "" : ", ").append(key).append("=").append(inQuotes(valueOf(values, key)));
     }
     return text;
 }

@@ -16,7 +16,7 @@ std::string pathOf(std::string_view kind, std::string_view text)
 {
     text = withoutTrailingBlanks(text);
     if (!isPath(text)) {
-        fail(Failure::BadClause, "the ", kind, " clause ", quoted(text), " is not an attribute path");
+        fail(Failure::BadClause, "the ", kind, " clause ", inQuotes(text), " is not an attribute path");
     }
     return std::string(text);
 }
@@ -27,7 +27,7 @@ const char* Record::get(std::string_view path) const
 {
     const auto column = rows->column(path);
     if (!column) {
-        fail(Failure::NotLoaded, "the attribute ", quoted(path),
+        fail(Failure::NotLoaded, "the attribute ", inQuotes(path),
              " is not in the list; select it before the list is opened");
     }
     return rows->value(row, *column);
@@ -48,7 +48,7 @@ void List::addClause(std::string_view kind, std::string_view text)
             query_.select.push_back(std::move(path));
         }
     } else {
-        fail(Failure::BadArgument, "there is no clause of the kind ", quoted(kind),
+        fail(Failure::BadArgument, "there is no clause of the kind ", inQuotes(kind),
              "; there are Select, Where, OrderBy");
     }
 }

@@ -69,7 +69,7 @@ private:
         if (distinct.size() != format_.columns.size() || record.fields.size() != format_.columns.size()) {
             failAtLine(path_, record.line,
                        "the first line must name the columns, " + header() + ", and not be " +
-                           quoted(join(record.fields)));
+                           inQuotes(join(record.fields)));
         }
     }
 
@@ -114,7 +114,7 @@ private:
         const auto [first, isNew] = lineOfKeys_.emplace(std::move(keys), line);
         if (!isNew) {
             failAtLine(path_, line,
-                       quoted(join(first->first)) + " stands already in line " +
+                       inQuotes(join(first->first)) + " stands already in line " +
                            std::to_string(first->second));
         }
     }

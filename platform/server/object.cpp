@@ -32,7 +32,7 @@ void Object::set(std::string_view path, std::string_view value)
 {
     checkPath(path);
     if (value.size() > QV_MAX_VALUE_LENGTH) {
-        fail(Failure::ValueTooLong, "the value ", quoted(value), " of ", path, " has ", value.size(),
+        fail(Failure::ValueTooLong, "the value ", inQuotes(value), " of ", path, " has ", value.size(),
              " characters; at most ", QV_MAX_VALUE_LENGTH, " can be stored");
     }
     const auto separator = path.find('@');
@@ -61,7 +61,7 @@ const std::string& Object::get(std::string_view path) const
             return found->second;
         }
     }
-    fail(Failure::NotLoaded, "the attribute ", quoted(path), " of this ", class_->name,
+    fail(Failure::NotLoaded, "the attribute ", inQuotes(path), " of this ", class_->name,
          " was not loaded; subscribe it before the open or save");
 }
 
@@ -90,7 +90,7 @@ void Object::save(Store& store)
 std::int64_t Object::create(Store& store) const
 {
     if (const auto id = valueOf(given_, objectIdPath); !withoutTrailingBlanks(id).empty()) {
-        fail(Failure::BadArgument, "db_object_id=", quoted(id), " is set on a new ", class_->name,
+        fail(Failure::BadArgument, "db_object_id=", inQuotes(id), " is set on a new ", class_->name,
              "; open the object to change it, or leave the id empty to create one");
     }
     return insert(store, storable(*class_, given_));
@@ -141,7 +141,7 @@ void Object::checkSameId() const
 {
     const auto id = withoutTrailingBlanks(valueOf(changes_, objectIdPath));
     if (!id.empty() && id != std::to_string(stored_->id)) {
-        fail(Failure::BadArgument, "db_object_id=", quoted(id), " is set on the opened ", class_->name,
+        fail(Failure::BadArgument, "db_object_id=", inQuotes(id), " is set on the opened ", class_->name,
              " with db_object_id '", stored_->id, "'; open the other one to change it");
     }
 }

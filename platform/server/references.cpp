@@ -30,7 +30,7 @@ std::string describe(const Reference& reference, std::string_view Link::*source,
     std::string text;
     for (const Link& link : reference.links) {
         text.append(text.empty() ? "" : ", ").append(link.*source).append("=");
-        text.append(quoted(valueOf(values, link.*source)));
+        text.append(inQuotes(valueOf(values, link.*source)));
     }
     return text;
 }

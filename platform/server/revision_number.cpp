@@ -79,7 +79,7 @@ std::string revisionSortValue(std::string_view number)
     }
     value.append(" ").append(number); // 01 and 1 differ in nothing else
     if (value.size() > QV_MAX_VALUE_LENGTH) {
-        fail(Failure::ValueTooLong, "the revision number ", quoted(number), " has ", number.size(),
+        fail(Failure::ValueTooLong, "the revision number ", inQuotes(number), " has ", number.size(),
              " characters, which is too long to sort by; choose a shorter one");
     }
     return value;

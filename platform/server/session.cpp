@@ -22,13 +22,13 @@ void Session::logon(const std::string& user, const std::string& password)
         fail(Failure::EnvironmentNotOpen, "the environment is not open; open it before the logon");
     }
     if (store_ != nullptr) {
-        fail(Failure::AlreadyLoggedOn, "the user ", quoted(user_), " is logged on; log off first");
+        fail(Failure::AlreadyLoggedOn, "the user ", inQuotes(user_), " is logged on; log off first");
     }
     auto store = openStore(storeLocation());
     const bool accepted =
         store->isOpenToAll() ? !user.empty() : isPassword(password, store->passwordHash(user));
     if (!accepted) {
-        fail(Failure::LogonRefused, "the logon of ", quoted(user),
+        fail(Failure::LogonRefused, "the logon of ", inQuotes(user),
              " was refused: wrong user or wrong password");
     }
     user_ = user;

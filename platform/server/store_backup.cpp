@@ -87,11 +87,15 @@ public:
     }
 
 private:
+    /** Somebody else may have made the file meanwhile: without leave to replace it, that must show. */
     bool rename(Replace replace) const
     {
-        const unsigned flags = replace == Replace::No ? RENAME_NOREPLACE : 0; // somebody may have been faster
-        return ::renameat2(AT_FDCWD, path_.c_str(), AT_FDCWD, file_.c_str(), flags) == 0 ||
-               (errno == EINVAL && ::rename(path_.c_str(), file_.c_str()) == 0); // not every disk knows flags
+        if (replace == Replace::Yes) {
+            return ::rename(path_.c_str(), file_.c_str()) == 0;
+        }
+        return ::renameat2(AT_FDCWD, path_.c_str(), AT_FDCWD, file_.c_str(), RENAME_NOREPLACE) == 0 ||
+               (errno == EINVAL && // not every disk knows this flag
+                ::link(path_.c_str(), file_.c_str()) == 0 && ::unlink(path_.c_str()) == 0);
     }
 
     const std::string& file_;

@@ -48,7 +48,7 @@ std::string pathOfStore(const std::string& location)
 {
     if (location.compare(0, sqliteScheme.size(), sqliteScheme) != 0 ||
         location.size() == sqliteScheme.size()) {
-        fail(Failure::BadArgument, quoted(location),
+        fail(Failure::BadArgument, inQuotes(location),
              " names no store; set QV_STORE to sqlite:PATH or sqlite::memory:");
     }
     return location.substr(sqliteScheme.size());

@@ -29,7 +29,7 @@ std::string describe(const Class& objectClass, const Values& values)
 {
     const std::string_view versionPath = objectClass.vault->version;
     return "the " + std::string(objectClass.name) + " with " + keysOf(objectClass, values) + ", " +
-           std::string(versionPath) + '=' + quoted(valueOf(values, versionPath));
+           std::string(versionPath) + '=' + inQuotes(valueOf(values, versionPath));
 }
 
 std::string_view holderOf(const Class& objectClass, const Values& values)
@@ -69,7 +69,7 @@ void checkNotHeld(Store& store, const Class& objectClass, std::int64_t id)
 {
     const Values values = valuesOf(store, objectClass, id);
     if (const auto holder = holderOf(objectClass, values); !holder.empty()) {
-        fail(Failure::VaultState, describe(objectClass, values), " is checked out by ", quoted(holder),
+        fail(Failure::VaultState, describe(objectClass, values), " is checked out by ", inQuotes(holder),
              "; it has to be checked in, or the check-out canceled, first");
     }
 }
@@ -86,11 +86,11 @@ void giveBack(Store& store, const Class& objectClass, std::int64_t id, const std
     const auto holder = holderOf(objectClass, values);
     if (holder.empty()) {
         fail(Failure::VaultState, describe(objectClass, values), " is checked in, not checked out by ",
-             quoted(user), "; check it out first");
+             inQuotes(user), "; check it out first");
     }
     if (holder != user) {
-        fail(Failure::VaultState, describe(objectClass, values), " is checked out by ", quoted(holder),
-             ", not by ", quoted(user));
+        fail(Failure::VaultState, describe(objectClass, values), " is checked out by ", inQuotes(holder),
+             ", not by ", inQuotes(user));
     }
     setHolder(store, objectClass, id, "");
 }
@@ -102,7 +102,7 @@ Values nextVersion(Store& store, const Class& objectClass, std::int64_t id, cons
         const auto set = changed.find(key);
         if (set != changed.end() && !sameText(set->second, valueOf(base, key))) {
             fail(Failure::KeyMismatch, describe(objectClass, base), " is checked in with ", key, "=",
-                 quoted(set->second), "; a version stays within its revision");
+                 inQuotes(set->second), "; a version stays within its revision");
         }
     }
     Values next = changed;
