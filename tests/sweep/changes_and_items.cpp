@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <velrzm/velrzm.h>
 
+#include <array>
+
 #include "tests/sweep/operations.h"
 
 using namespace harness;
@@ -14,11 +16,7 @@ constexpr const char* exitOfItems = "2 @----Exit------------entries/rc=0--------
 std::vector<Operation> engineeringChanges()
 {
     return {
-        onObject("EngineeringChangeCreate",
-                 [](Inputs& in) {
-                     return EngineeringChangeCreate(in.text(0), in.text(1), in.text(2), in.text(3),
-                                                    in.text(4));
-                 })
+        onObject("EngineeringChangeCreate", use(EngineeringChangeCreate))
             .takes("-----", 5)
             .usesDefaults("EngineeringChangeCreate", 60, 60)
             .endsWith("log @ ... Engineering Change was  not created\n"
@@ -27,14 +25,11 @@ std::vector<Operation> engineeringChanges()
                       {"QV_Set_Object_Attr", "initiator@person_identifier"},
                       {"QV_Set_Object_Attr", "x_sec_level_code"},
                       {"QV_Set_Object_Attr", "x_sec_cat_code"}}),
-        onObject("EngineeringChangeOpen",
-                 [](Inputs& in) { return EngineeringChangeOpen(in.text(0), in.text(1), in.names()); })
+        onObject("EngineeringChangeOpen", use(EngineeringChangeOpen))
             .takes("--", 2)
             .takesNames(50)
             .endsWith(""),
-        onObject(
-            "AffectedItemCreate",
-            [](Inputs& in) { return AffectedItemCreate(in.text(0), in.text(1), in.text(2), in.names()); })
+        onObject("AffectedItemCreate", use(AffectedItemCreate))
             .takes("UUU", 3)
             .joiningInputs()
             .takesNames(30)
@@ -42,7 +37,7 @@ std::vector<Operation> engineeringChanges()
             .endsWith("log @ ...AffectedItem was  not created\n"
                       "2 @---Exit------------entries/rc=0--------------------.\n")
             .goingOn(updateCountIsSet),
-        onList("AffectedItemQuery", [](Inputs& in) { return AffectedItemQuery(in.text(0), in.names()); })
+        onList("AffectedItemQuery", use(AffectedItemQuery))
             .takes("-", 0)
             .refusing("ecDbObjectId", 57)
             .takesNames(50),
@@ -52,21 +47,13 @@ std::vector<Operation> engineeringChanges()
 std::vector<Operation> masterRecords()
 {
     return {
-        onObject("ItemCreate",
-                 [](Inputs& in) {
-                     return ItemCreate(in.text(0), in.text(1), in.text(2), in.text(3), in.pair(), in.pair(),
-                                       in.nameList());
-                 })
+        onObject("ItemCreate", use(ItemCreate))
             .takes("UUU-", 5)
             .takesNameList(30)
             .usesDefaults("ItemCreate", 60, 60)
             .endsWith(exitOfItems)
             .goingOn(updateCountIsSet),
-        onObject("ItemSave",
-                 [](Inputs& in) {
-                     return ItemSave(in.text(0), in.text(1), in.text(2), in.text(3), in.pair(), in.pair(),
-                                     in.nameList());
-                 })
+        onObject("ItemSave", use(ItemSave))
             .takes("UUU-", 5)
             .takesNameList(30)
             .usesDefaults("ItemCreate", 60, 60)
@@ -74,37 +61,24 @@ std::vector<Operation> masterRecords()
             .goingOn({{"QV_Subscribe_Object_Attr", "update_count"}}),
         onObject("ItemHeaderCreate", // with a change it is AffectedItemCreate as well
                  [](Inputs& in) {
-                     return ItemHeaderCreate("", in.text(0), in.text(1), in.text(2), in.text(3), in.text(4),
-                                             in.text(5));
+                     return ItemHeaderCreate("", in.text(), in.text(), in.text(), in.text(), in.text(),
+                                             in.text());
                  })
             .takes("------", 6)
             .usesDefaults("ItemHeaderCreate", 60, 60)
             .endsWith(exitOfItems)
             .goingOn(updateCountIsSet),
-        onObject("ItemOpen", [](Inputs& in) { return ItemOpen(in.text(0), in.text(1), in.nameList()); })
+        onObject("ItemOpen", use(ItemOpen))
             .takes("UU", 2)
             .takesNameList(50)
             .endsWith("log @ ...Item was  not found\n"),
-        onObject(
-            "ItemPUEffectivityCreate",
-            [](Inputs& in) {
-                return ItemPUEffectivityCreate(in.text(0), in.text(1), in.text(2), in.text(3), in.pair(),
-                                               in.pair(), in.nameList());
-            },
-            "ItemPUEffectivityCreate-")
+        onObject("ItemPUEffectivityCreate", use(ItemPUEffectivityCreate), "ItemPUEffectivityCreate-")
             .takes("UUU-", 5)
             .takesNameList(30)
             .usesDefaults("ItemPUEffectivityCreate", 60, 60)
             .endsWith(exitOfItems),
-        onObject(
-            "ItemAssociationOpen",
-            [](Inputs& in) { return ItemAssociationOpen(in.text(0), in.text(1), in.text(2), in.names()); })
-            .takes("---", 3)
-            .takesNames(50)
-            .endsWith(""),
-        onObject(
-            "ItemAssociationSave",
-            [](Inputs& in) { return ItemAssociationSave(in.text(0), in.text(1), in.text(2), in.names()); })
+        onObject("ItemAssociationOpen", use(ItemAssociationOpen)).takes("---", 3).takesNames(50).endsWith(""),
+        onObject("ItemAssociationSave", use(ItemAssociationSave))
             .takes("---", 3)
             .takesNames(30)
             .goingOn(updateCountIsSet),
@@ -117,8 +91,12 @@ Operation itemQuery(const std::string& name, const char* type, char change)
     return onList(
                name,
                [=](Inputs& in) {
-                   return ItemQuery(in.text(0), in.text(1), in.text(2), in.text(3), in.text(4), in.text(5),
-                                    in.text(6), Text(type), in.names());
+                   std::array<char*, 7> filters{};
+                   for (char*& filter : filters) {
+                       filter = in.text();
+                   }
+                   return ItemQuery(filters[0], filters[1], filters[2], filters[3], filters[4], filters[5],
+                                    filters[6], Text(type), in.names());
                },
                "ItemQuery")
         .takes(std::string("U") + change + "--U--", 0)
@@ -130,13 +108,7 @@ Operation itemQuery(const std::string& name, const char* type, char change)
 template <class Function>
 Operation configurationQuery(const std::string& name, const Function& function)
 {
-    return onList(name,
-                  [=](Inputs& in) {
-                      List first;
-                      List second;
-                      List third;
-                      return function(in.text(0), first, second, third);
-                  })
+    return onList(name, use(function))
         .takes("-", 0)
         .refusing("productNumber", 65)
         .elsewhere({{"QV_Destroy_Object"}, {"QV_Read_List"}, {"QV_Get_Object_Attr"}}); // go through GetValue

@@ -20,8 +20,7 @@ template <class Function>
 Operation vaultOperation(const std::string& name, const std::string& texts, const Function& function,
                          const std::string& end)
 {
-    return onObject(name,
-                    [=](Inputs& in) { return function(in.text(0), in.text(1), in.text(2), in.names()); })
+    return onObject(name, use(function))
         .takes(texts, 3)
         .takesNames(50)
         .usesDefaults(name, 19, 19)
@@ -40,8 +39,8 @@ Operation newRevision()
                  [](Inputs& in) {
                      std::array<char, 10> number{};
                      std::array<char, 10> identifier{};
-                     return DocumentMakeNewRevision(in.text(0), Text("D-1"), in.text(1), in.text(2),
-                                                    in.text(3), in.names(), number.data(), identifier.data());
+                     return DocumentMakeNewRevision(in.text(), Text("D-1"), in.text(), in.text(), in.text(),
+                                                    in.names(), number.data(), identifier.data());
                  })
             .takes("----", 4)
             .joiningInputs()
@@ -73,24 +72,19 @@ std::vector<Operation> documents()
                        "log @ ...Document check-out was  not canceled\n")
             .joiningInputs(),
         newRevision(),
-        onObject("DocumentMakeECControlled",
-                 [](Inputs& in) {
-                     return DocumentMakeECControlled(in.text(0), in.text(1), in.text(2), in.text(3),
-                                                     in.names());
-                 })
+        onObject("DocumentMakeECControlled", use(DocumentMakeECControlled))
             .takes("UU--", 3)
             .joiningInputs()
             .takesNames(50)
             .usesDefaults("DocumentMakeECControlled", 19, 0)
             .endsWith("log @ ... could not make document EC controlled\n2 @-----exit---rc=0-.\n")
             .goingOn(fixedSubscriptions),
-        onObject("DocumentOpen",
-                 [](Inputs& in) { return DocumentOpen(in.text(0), in.text(1), in.nameList()); })
+        onObject("DocumentOpen", use(DocumentOpen))
             .takes("U-", 2)
             .joiningInputs()
             .takesNameList(50)
             .endsWith("log @ ...Document was  not found\n"),
-        onList("DocumentGetLastRevision", [](Inputs& in) { return DocumentGetLastRevision(in.text(0)); })
+        onList("DocumentGetLastRevision", use(DocumentGetLastRevision))
             .takes("-", 0)
             .refusing("documentNumber", 49),
     };

@@ -76,7 +76,7 @@ TEST_P(OperationInputs, TheCallersTextsAreTurnedToUpperCaseWhereTheyAreKeys)
     Inputs inputs("eC-1 {\xe4z}/2", {});
     EXPECT_GT(run(inputs).result, 0);
     for (std::size_t number = 0; number < GetParam().texts.size(); ++number) {
-        EXPECT_EQ(inputs.textAfterwards(static_cast<int>(number)),
+        EXPECT_EQ(inputs.textAfterwards(number),
                   GetParam().texts[number] == 'U' ? "EC-1 {\xe4Z}/2" : "eC-1 {\xe4z}/2")
             << "text " << number;
     }

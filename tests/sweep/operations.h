@@ -5,10 +5,12 @@
 #ifndef VELRZM_TESTS_SWEEP_OPERATIONS_H
 #define VELRZM_TESTS_SWEEP_OPERATIONS_H
 
+#include <deque>
 #include <functional>
-#include <map>
 #include <optional>
 #include <string>
+#include <tuple>
+#include <type_traits>
 #include <vector>
 
 #include "tests/harness/texts.h"
@@ -25,10 +27,9 @@ class Inputs {
 public:
     Inputs(std::optional<std::string> text, const std::vector<std::string>& names);
 
-    /** The text for text argument `number`, counted from 0. */
-    char* text(int number);
-    /** What the operation made of it. */
-    const std::string& textAfterwards(int number) const { return copies_.at(number); }
+    char* text() { return text_ ? copies_.emplace_back(*text_).data() : nullptr; }
+    /** What the operation made of text argument `number`, counted from 0. */
+    const std::string& textAfterwards(std::size_t number) const { return copies_.at(number); }
     char** names() { return text_ ? static_cast<char**>(names_) : nullptr; }
     List& nameList() { return nameList_; }
     /** The names and the values of one further attribute. */
@@ -36,11 +37,36 @@ public:
 
 private:
     std::optional<std::string> text_;
-    std::map<int, std::string> copies_;
+    std::deque<std::string> copies_;
     harness::Names names_;
     List nameList_;
     List pair_;
 };
+
+/** The next argument of an operation that has `lists` lists left, of which the last has the names to read back. */
+template <class Parameter>
+decltype(auto) nextArgument(Inputs& in, int& lists)
+{
+    if constexpr (std::is_same_v<Parameter, List&>) {
+        return --lists > 0 ? in.pair() : in.nameList();
+    } else if constexpr (std::is_same_v<Parameter, char**>) {
+        return in.names();
+    } else {
+        return in.text();
+    }
+}
+
+/** The use of an operation that takes nothing but inputs. */
+template <class... Parameters>
+std::function<int(Inputs&)> use(int (*operation)(Parameters...))
+{
+    return [operation](Inputs& in) {
+        int lists = (0 + ... + (std::is_same_v<Parameters, List&> ? 1 : 0));
+        std::tuple<std::conditional_t<std::is_same_v<Parameters, List&>, List&, std::decay_t<Parameters>>...>
+            arguments{nextArgument<Parameters>(in, lists)...};
+        return std::apply(operation, arguments);
+    };
+}
 
 /** Calls of an operation: those of `function` that pass the text `argument`; empty: every call of the function. */
 struct CallPattern {
@@ -94,18 +120,58 @@ struct Operation {
 
     // ---- To write a row ----
 
-    Operation& takes(const std::string& eachText, int calls);
-    Operation& joiningInputs();
-    Operation& refusing(const std::string& argument, std::size_t longerThan);
-    /** An array of names, captured from slot 0 on. */
-    Operation& takesNames(int slots);
-    /** A list of names, captured from slot 1 on. */
-    Operation& takesNameList(int slots);
-    Operation& usesDefaults(const std::string& of, int used, int set);
-    Operation& endsWith(const std::string& lines);
-    Operation& notChecking(std::vector<CallPattern> calls);
-    Operation& goingOn(std::vector<CallPattern> calls);
-    Operation& elsewhere(std::vector<CallPattern> calls);
+    Operation& takes(const std::string& eachText, int calls)
+    {
+        texts = eachText;
+        carriers = calls;
+        return *this;
+    }
+    Operation& joiningInputs()
+    {
+        joinsInputs = true;
+        return *this;
+    }
+    Operation& refusing(const std::string& argument, std::size_t longerThan)
+    {
+        limited = argument;
+        limit = longerThan;
+        return *this;
+    }
+    /** Names captured up to `slots`: an array from slot 0 on, a list from slot 1 on. */
+    Operation& takesNames(int slots, int first = 0)
+    {
+        firstSlot = first;
+        endSlot = slots;
+        return *this;
+    }
+    Operation& takesNameList(int slots) { return takesNames(slots, 1); }
+    Operation& usesDefaults(const std::string& of, int used, int set)
+    {
+        defaults = of;
+        defaultsUsed = used;
+        defaultsSet = set;
+        return *this;
+    }
+    Operation& endsWith(const std::string& lines)
+    {
+        end = lines;
+        return *this;
+    }
+    Operation& notChecking(std::vector<CallPattern> calls)
+    {
+        unchecked = std::move(calls);
+        return *this;
+    }
+    Operation& goingOn(std::vector<CallPattern> calls)
+    {
+        goesOn = std::move(calls);
+        return *this;
+    }
+    Operation& elsewhere(std::vector<CallPattern> calls)
+    {
+        testedElsewhere = std::move(calls);
+        return *this;
+    }
 };
 
 /** A row of an operation on the current object, or on the current list, with the usual last line. */

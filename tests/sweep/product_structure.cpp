@@ -15,14 +15,13 @@ std::vector<Operation> billsOfMaterial()
 {
     return {
         // There is a header: the names are not asked for, and the defaults not set.
-        onObject("BomHeaderCreate",
-                 [](Inputs& in) { return BomHeaderCreate(in.text(0), in.text(1), in.names()); })
+        onObject("BomHeaderCreate", use(BomHeaderCreate))
             .takes("UU", 2)
             .usesDefaults("BomHeaderCreate", 19, 0)
             .elsewhere({{"QV_Open_Object"}}),
         onList("BomExplode",
                [](Inputs& in) {
-                   std::array<char*, 3> values{in.text(0), in.text(1), nullptr};
+                   std::array<char*, 3> values{in.text(), in.text(), nullptr};
                    return BomExplode(harness::Names({"item_number", "max_level"}), values.data(), in.names());
                })
             .takes("--", 2)
@@ -37,24 +36,14 @@ std::vector<Operation> billsOfMaterial()
 std::vector<Operation> components()
 {
     return {
-        onObject("ComponentCreate",
-                 [](Inputs& in) {
-                     return ComponentCreate(in.text(0), in.text(1), in.text(2), in.text(3), in.text(4),
-                                            in.names());
-                 })
+        onObject("ComponentCreate", use(ComponentCreate))
             .takes("-----", 5)
             .takesNames(30)
             .goingOn(updateCountIsSet),
-        onObject(
-            "ComponentDelete",
-            [](Inputs& in) {
-                return ComponentDelete(in.text(0), in.text(1), in.text(2), in.text(3), in.text(4));
-            },
-            "ComponentDelete- ")
+        onObject("ComponentDelete", use(ComponentDelete), "ComponentDelete- ")
             .takes("-----", 5)
             .endsWith(exitOfDeletion),
-        onObject("ComponentOpen",
-                 [](Inputs& in) { return ComponentOpen(in.text(0), in.text(1), in.nameList()); })
+        onObject("ComponentOpen", use(ComponentOpen))
             .takes("-U", 2)
             .takesNameList(50)
             .endsWith("log @ ...Component was  not found\n"),
@@ -64,33 +53,20 @@ std::vector<Operation> components()
 std::vector<Operation> references()
 {
     return {
-        onObject("ComponentReferenceSave",
-                 [](Inputs& in) {
-                     return ComponentReferenceSave(in.text(0), in.text(1), in.text(2), in.text(3), in.text(4),
-                                                   in.names());
-                 })
+        onObject("ComponentReferenceSave", use(ComponentReferenceSave))
             .takes("-----", 5)
             .takesNames(30)
             .endsWith("2 @-----Exit------entries/rc=0------.\n")
             .goingOn(updateCountIsSet),
-        onObject(
-            "ComponentReferenceDelete",
-            [](Inputs& in) { return ComponentReferenceDelete(in.text(0), in.text(1)); },
-            "ComponentReferenceDelete- ")
+        onObject("ComponentReferenceDelete", use(ComponentReferenceDelete), "ComponentReferenceDelete- ")
             .takes("--", 2)
             .endsWith(exitOfDeletion),
-        onObject("ItemReferenceCreate",
-                 [](Inputs& in) {
-                     return ItemReferenceCreate(in.text(0), in.text(1), in.text(2), in.text(3), in.text(4),
-                                                in.names());
-                 })
+        onObject("ItemReferenceCreate", use(ItemReferenceCreate))
             .takes("UUU--", 5)
             .takesNames(30)
             .usesDefaults("ItemReferenceCreate", 19, 19)
             .goingOn(updateCountIsSet),
-        onObject(
-            "ItemReferenceDelete", [](Inputs& in) { return ItemReferenceDelete(in.text(0), in.text(1)); },
-            "ItemReferenceDelete- ")
+        onObject("ItemReferenceDelete", use(ItemReferenceDelete), "ItemReferenceDelete- ")
             .takes("--", 2)
             .endsWith(exitOfDeletion),
     };
