@@ -21,12 +21,6 @@ void closeLog(std::FILE*& log)
     }
 }
 
-void setFromList(const std::string& kind)
-{
-    std::fill(std::begin(FromList), std::end(FromList), '\0');
-    kind.copy(FromList, sizeof FromList - 1);
-}
-
 void resetGlobals()
 {
     EnvOpened = 0;
@@ -44,11 +38,18 @@ void resetGlobals()
     LastAttNo = 0;
     NbSelectedAttribute = 0;
     MultiSaveStarted = 0;
-    setFromList("");
+    std::memset(FromList, 0, sizeof FromList);
     std::memset(SelectedAttribute, 0, sizeof SelectedAttribute);
 }
 
 } // namespace
+
+void Stories::tell(const std::string& raw) const
+{
+    for (const auto& [level, told] : told_) {
+        EXPECT_EQ(told, story(raw, level)) << "at trace level " << level;
+    }
+}
 
 void LibraryTest::restart()
 {
@@ -58,12 +59,19 @@ void LibraryTest::restart()
 
 void LibraryTest::atEachLevel(const std::function<void()>& test)
 {
-    for (const int level : {-1, 0, 1, 2, 5, 9}) {
+    for (const int level : {-1, 0, 1, 2, 3, 4, 5, 8, 9}) {
         SCOPED_TRACE("at trace level " + std::to_string(level));
         restart();
         connect(level);
         test();
     }
+}
+
+Stories LibraryTest::storiesOf(const std::function<int()>& use)
+{
+    Stories stories;
+    atEachLevel([&] { stories.add(QVL_Traces_Level, record(use).story); });
+    return stories;
 }
 
 void LibraryTest::setEnvironment(const std::string& name, const std::optional<std::string>& value)
@@ -84,6 +92,12 @@ Outcome LibraryTest::record(const std::function<int()>& use)
 {
     standin::forgetCalls();
     return recordStory(use, accessLogPath, errorLogPath);
+}
+
+void LibraryTest::setFromList(const std::string& kind)
+{
+    std::fill(std::begin(FromList), std::end(FromList), '\0');
+    kind.copy(FromList, sizeof FromList - 1);
 }
 
 void LibraryTest::makeListResult(const std::vector<standin::Record>& records)

@@ -7,6 +7,7 @@
 #define VELRZM_TESTS_HARNESS_LIBRARY_TEST_H
 
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 
@@ -20,6 +21,17 @@
 
 namespace harness {
 
+/** What a use told at each trace level. */
+class Stories {
+public:
+    void add(int level, const std::string& told) { told_[level] = told; }
+    /** Expects the story, as the level lets it through. */
+    void tell(const std::string& raw) const;
+
+private:
+    std::map<int, std::string> told_;
+};
+
 class LibraryTest : public ::testing::Test {
 protected:
     static constexpr const char* version = "RZM 424.1 / QV 340";
@@ -31,6 +43,8 @@ protected:
     void restart();
     /** Runs `test` once at each trace level that matters, each time connected in a process of its own. */
     void atEachLevel(const std::function<void()>& test);
+    /** Records `use` in the same way. */
+    Stories storiesOf(const std::function<int()>& use);
 
     /** Sets an environment variable for the rest of the process; removes it when there is no value. */
     void setEnvironment(const std::string& name, const std::optional<std::string>& value);
@@ -41,6 +55,8 @@ protected:
     static Outcome record(const std::function<int()>& use);
     static std::string lastError() { return readFile("QVL_LAST_ERROR"); }
 
+    /** What `FromList` says. */
+    static void setFromList(const std::string& kind);
     /** A list result of these records, as a list operation leaves it. */
     static void makeListResult(const std::vector<standin::Record>& records);
 

@@ -123,9 +123,11 @@ std::vector<std::string> quotedTexts(const std::string& text)
     return found;
 }
 
-/** Writes a test's lines out as the story that is recorded at the present trace level. */
+/** Writes a test's lines out as the story that is recorded at a trace level. */
 class Teller {
 public:
+    explicit Teller(int level) : level_(level) {}
+
     void tell(const std::string& line)
     {
         const std::size_t blank = line.find(' ');
@@ -135,7 +137,7 @@ public:
             add(sign + ' ', text);
         } else if (sign == "*" || (sign.size() == 1 && sign >= "0" && sign <= "9")) {
             const std::size_t call = text.find(" > QV_");
-            show(sign == "*" ? QVL_Traces_Level : std::stoi(sign), text.substr(0, call));
+            show(sign == "*" ? level_ : std::stoi(sign), text.substr(0, call));
             if (call != std::string::npos) {
                 tellCheckedCall(text.substr(call + 3));
             }
@@ -145,6 +147,13 @@ public:
             tellCheckedCall(text);
         } else if (sign == "!") {
             tellFailure(text);
+        } else if (sign == "defaults") {
+            show(2, "@- Calling DefaultRead for @.");
+            show(2, "DefaultRead-----Start------------------------------.");
+            show(2, "@- rc(DefaultRead)=" + text + '.');
+        } else if (sign == "new") {
+            add("call", "QV_Destroy_Object(null) = 0");
+            tellCheckedCall("QV_Create_Object(obj1, \"" + text + "\") = 0");
         } else if (sign == "=") {
             story_ += std::exchange(errors_, "") + line + '\n';
         } else if (!line.empty() && line.back() == ':') {
@@ -172,7 +181,7 @@ private:
     }
     void show(int level, const std::string& text)
     {
-        if (level <= QVL_Traces_Level) {
+        if (level <= level_) {
             add("out ", text);
         }
     }
@@ -213,6 +222,7 @@ private:
         }
     }
 
+    int level_;
     std::string writer_;
     std::string story_;
     std::string errors_; // what the error log has gained since the last event that is no line of a log
@@ -241,10 +251,10 @@ Outcome recordStory(const std::function<int()>& use, const std::string& accessLo
     return outcome;
 }
 
-std::string story(const std::string& raw)
+std::string story(const std::string& raw, int level)
 {
     std::istringstream told(lines(raw));
-    Teller teller;
+    Teller teller(level);
     for (std::string line; std::getline(told, line);) {
         teller.tell(line);
     }

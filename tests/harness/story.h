@@ -28,6 +28,13 @@
 //                    the same, reported by another name or with other details than the texts of the call
 //     ! CODE - TEXT  the report of a failure with one message: a line in the access log, one from level 0 on, and
 //                    a block in the error log
+//     defaults N     the reading of the operation's defaults, of which there are N:
+//                        2 @- Calling DefaultRead for @.
+//                        2 DefaultRead-----Start------------------------------.
+//                        2 @- rc(DefaultRead)=N.
+//     new CLASS      the current object, of which there is none yet, is given up and one made in its place:
+//                        - QV_Destroy_Object(null) = 0
+//                        > QV_Create_Object(obj1, "CLASS") = 0
 //     = RESULT ...   the result, and what the global variables say at the end
 //
 // A clause is reported as the list operations do, by "AppendSelect- QV_Set_Clause-Select" and the like. Where an
@@ -38,6 +45,8 @@
 
 #include <functional>
 #include <string>
+
+#include <velrzm/logging.h>
 
 namespace harness {
 
@@ -59,8 +68,8 @@ struct Outcome {
 Outcome recordStory(const std::function<int()>& use, const std::string& accessLog,
                     const std::string& errorLog);
 
-/** The story as it is recorded at the present trace level. `raw` begins on a line of its own; a tab is `\t`. */
-std::string story(const std::string& raw);
+/** The story as it is recorded at a trace level. `raw` begins on a line of its own; a tab is `\t`. */
+std::string story(const std::string& raw, int level = QVL_Traces_Level);
 
 } // namespace harness
 

@@ -1,50 +1,41 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// The creation of documents and their change control.
+// The creation of documents, their change control, their opening, and the list that ends with the latest revision.
 #include "tests/harness/library_test.h"
 
 using namespace harness;
 
 namespace {
 
-class DocumentCreation : public LibraryTest {
-protected:
-    static Outcome create(const std::string& change, const std::string& title,
-                          const std::vector<std::string>& names = {})
-    {
-        return record(
-            [&] { return DocumentCreateCheckIn(Text(change), Text(title), Text("oid-7"), Names(names)); });
-    }
-};
+using Documents = LibraryTest;
 
-TEST_F(DocumentCreation, AControlledDocumentIsCreatedWithDefaultsSetLast)
+int createDocument(const char* change)
 {
-    atEachLevel([] {
-        writeFile("QVL_RZM_DEFAULT", "DocumentCreateCheckIn doc_type DRW\nDocumentCheckIn no no\n");
-        writeFile("My_QVL_RZM_DEFAULT", "DocumentCreateCheckIn doc_ver_num A\n");
-        EXPECT_EQ(create("ec-12a", "Bracket, 2nd sheet", {"doc_revision@doc_number", "db_object_id"}).story,
-                  story(R"(
+    return DocumentCreateCheckIn(Text(change), Text("Bracket, 2nd sheet"), Text("oid-7"),
+                                 Names({"db_object_id"}));
+}
+
+TEST_F(Documents, AControlledDocumentIsCreatedWithDefaultsSetLast)
+{
+    storiesOf([] {
+        writeFile("QVL_RZM_DEFAULT", "DocumentCreateCheckIn doc_ver_num A\nDocumentCheckIn no no\n");
+        return createDocument("ec-12a");
+    }).tell(R"(
 DocumentCreateCheckIn:
 2 @-----Start------------------------------.
-2 @- Calling DefaultRead for @.
-2 DefaultRead-----Start------------------------------.
-2 @- rc(DefaultRead)=2.
+defaults 1
 2 @ Printing Input Attributes ....
 2 @\tEc Number=EC-12A.
 2 @\tDocumentTitle=BRACKET, 2ND SHEET.
 2 @\tSystemPartnerOid=oid-7.
 2 @-     ... plus default attributes ....
-2 @-     doc_type=DRW-.
 2 @-     doc_ver_num=A-.
 2 @ Printing Selected Attributes ....
-2 @   doc_revision@doc_number-.
 2 @   db_object_id-.
 log @    EcNumber= EC-12A , DocumentTitle= BRACKET, 2ND SHEET
 log @    SystemPartnerOid= oid-7
-log @     doc_type = DRW
 log @     doc_ver_num = A
-- QV_Destroy_Object(null) = 0
-> QV_Create_Object(obj1, "DocVersion") = 0
+new DocVersion
 2 @- Set Required Fields for cl_create_and_ckin.
 2 @-   doc_revision@doc_titleBRACKET, 2ND SHEET. > QV_Set_Object_Attr(obj1, "doc_revision@doc_title", "BRACKET, 2ND SHEET") = 0
 2 @-   ckin_userdata3=oid-7. > QV_Set_Object_Attr(obj1, "ckin_userdata3", "oid-7") = 0
@@ -54,51 +45,38 @@ log @     doc_ver_num = A
 2 @-   doc_revision@doc_rev_num=1-. > QV_Set_Object_Attr(obj1, "doc_revision@doc_rev_num", "1") = 0
 2 @-   doc_ver_num=-. > QV_Set_Object_Attr(obj1, "doc_ver_num", "") = 0
 2 @-   doc_revision@external_doc=-. > QV_Set_Object_Attr(obj1, "doc_revision@external_doc", "") = 0
-2 @-     doc_type=DRW-. > QV_Set_Object_Attr(obj1, "doc_type", "DRW") = 0
 2 @-     doc_ver_num=A-. > QV_Set_Object_Attr(obj1, "doc_ver_num", "A") = 0
-2 @- Set  fields to be selected for cl_create_and_ckin. > QV_Subscribe_Object_Attr(obj1, "doc_revision@doc_number") = 0
-> QV_Subscribe_Object_Attr(obj1, "db_object_id") = 0
+2 @- Set  fields to be selected for cl_create_and_ckin. > QV_Subscribe_Object_Attr(obj1, "db_object_id") = 0
 2 @- Execute cl_create_and_ckin method; CLAYR_makeCall, cl_create_and_ckin. > QV_Create_and_CheckIn_Doc(obj1, 0) = 0
 log @ ...Document was  created
 2 @-----Exit------------entries/rc=1--------------------.
-= 1 FromList=Object entries=1 LastRecNo=-1 QV_RC=0 SelectedAttribute=[doc_revision@doc_number, db_object_id]
-)"));
-    });
+= 1 FromList=Object entries=1 LastRecNo=-1 QV_RC=0 SelectedAttribute=[db_object_id]
+)");
 }
 
-TEST_F(DocumentCreation, WithoutAChangeTheDocumentIsNotControlled)
+TEST_F(Documents, WithoutAChangeADocumentIsNotControlled)
 {
     connect(2);
-    const Outcome outcome = create("", "Title");
-    EXPECT_EQ(countLines(outcome.accessLog, "   EcNumber=  , DocumentTitle= TITLE"), 1);
+    const Outcome outcome = record([] { return createDocument(""); });
     EXPECT_EQ(countLines(outcome.output, "DocumentCreateCheckIn-   doc_revision@chg_ctrl=0."), 1);
     EXPECT_EQ(countLines(outcome.calls, R"("doc_revision@chg_ctrl", "0")"), 1);
     EXPECT_EQ(countLines(outcome.calls, "QV_Set_Object_Attr"), 7);
     EXPECT_EQ(countLines(outcome.calls + outcome.output, "doc_ctrl_num"), 0);
 }
 
-class DocumentChangeControl : public LibraryTest {
-protected:
-    static Outcome control(const std::string& change, const char* title,
-                           const std::vector<std::string>& names = {})
-    {
-        return record([&] {
-            return DocumentMakeECControlled(Text(change), Text("d-1b"), Text("a"), title, Names(names));
-        });
-    }
-};
-
-TEST_F(DocumentChangeControl, ARevisionIsPutUnderTheControlOfAChange)
+TEST_F(Documents, ARevisionIsPutUnderTheControlOfAChange)
 {
-    atEachLevel([] {
+    const auto control = [](const char* change) {
+        return DocumentMakeECControlled(Text(change), Text("d-1b"), Text("a"), "Bracket",
+                                        Names({"db_object_id"}));
+    };
+    storiesOf([&] {
         writeFile("QVL_RZM_DEFAULT", "DocumentMakeECControlled site A\n");
-        // Neither the title nor the defaults are set.
-        EXPECT_EQ(control("ec-12a", "Bracket", {"db_object_id", "doc_revision@doc_title"}).story, story(R"(
+        return control("ec-12a"); // neither the title nor the defaults are set
+    }).tell(R"(
 DocumentMakeECControlled:
 2 @-----Start------------------------------.
-2 @- Calling DefaultRead for @.
-2 DefaultRead-----Start------------------------------.
-2 @- rc(DefaultRead)=1.
+defaults 1
 2 @- Printing Input Attributes ....
 2 @-    EcNumber=EC-12A.
 2 @-    DocumentNumber=D-1B.
@@ -106,11 +84,9 @@ DocumentMakeECControlled:
 2 @-    DocumentTitle=Bracket.
 2 @- Printing Selected Attributes ....
 2 @-   db_object_id-.
-2 @-   doc_revision@doc_title-.
 log @ EcNumber=EC-12A, DocumentNumber=D-1B, RevisionNumber=a, DocumentTitle=Bracket
 log @     site = A
-- QV_Destroy_Object(null) = 0
-> QV_Create_Object(obj1, "DocVersion") = 0
+new DocVersion
 2 @-  db_object_id=-. > QV_Set_Object_Attr(obj1, "db_object_id", "") = 0
 2 @-  doc_revision@doc_number=D-1B-. > QV_Set_Object_Attr(obj1, "doc_revision@doc_number", "D-1B") = 0
 2 @-  doc_revision@doc_rev_num=a-. > QV_Set_Object_Attr(obj1, "doc_revision@doc_rev_num", "a") = 0
@@ -121,22 +97,88 @@ log @     site = A
 2 @-   doc_revision@chg_ctrl=1. > QV_Set_Object_Attr(obj1, "doc_revision@chg_ctrl", "1") = 0
 2 @-   doc_revision@doc_ctrl_num=EC-12A. > QV_Set_Object_Attr(obj1, "doc_revision@doc_ctrl_num", "EC-12A") = 0
 > QV_Subscribe_Object_Attr(obj1, "db_object_id") = 0
-> QV_Subscribe_Object_Attr(obj1, "doc_revision@doc_title") = 0
 2 @- Execute Save method. > QV_Save_Object(obj1) = 0
 log @  ... document is now EC controlled 
 2 @-----exit---rc=1-.
-= 1 FromList=Object entries=1 LastRecNo=-1 QV_RC=0 SelectedAttribute=[db_object_id, doc_revision@doc_title]
-)"));
-    });
+= 1 FromList=Object entries=1 LastRecNo=-1 QV_RC=0 SelectedAttribute=[db_object_id]
+)");
+    const Outcome withoutChange = record([&] { return control(""); });
+    EXPECT_EQ(countLines(withoutChange.calls, R"("doc_revision@chg_ctrl", "1")"), 1);
+    EXPECT_EQ(countLines(withoutChange.calls, R"("doc_revision@doc_ctrl_num", "")"), 1);
 }
 
-TEST_F(DocumentChangeControl, AnEmptyChangeNumberIsStoredAsItIs)
+TEST_F(Documents, ARevisionIsOpenedByItsNumbers)
 {
-    connect();
-    const Outcome outcome = control("", "");
-    EXPECT_EQ(outcome.result, 1);
-    EXPECT_EQ(countLines(outcome.calls, R"("doc_revision@chg_ctrl", "1")"), 1);
-    EXPECT_EQ(countLines(outcome.calls, R"("doc_revision@doc_ctrl_num", "")"), 1);
+    storiesOf([] {
+        // A list is captured from slot 1 on, so that its positions are the attribute numbers.
+        std::string("kept").copy(SelectedAttribute[0], 5);
+        auto names = textList({"db_object_id"});
+        return DocumentOpen(Text("d-1b"), Text("a"), names);
+    }).tell(R"(
+DocumentOpen:
+2 @-----Start------------------------------.
+2 @- Printing Input Attributes ....
+2 @-    DocumentNumber=D-1B.
+2 @-    RevisionNumber=a.
+2 @- Printing Selected Attributes ....
+2 @-   db_object_id-.
+log @ DocumentNumber=D-1B, RevisionNumber=a
+new DocVersion
+2 @-  db_object_id=-. > QV_Set_Object_Attr(obj1, "db_object_id", "") = 0
+2 @-   doc_revision@doc_number=D-1B-. > QV_Set_Object_Attr(obj1, "doc_revision@doc_number", "D-1B") = 0
+2 @-   doc_revision@doc_rev_num=a-. > QV_Set_Object_Attr(obj1, "doc_revision@doc_rev_num", "a") = 0
+> QV_Subscribe_Object_Attr(obj1, "db_object_id") = 0
+> QV_Open_Object(obj1) = 0
+log @ ...Document was  found
+= 1 FromList=Object entries=1 LastRecNo=-1 QV_RC=0 SelectedAttribute=[kept, db_object_id]
+)");
+}
+
+TEST_F(Documents, TheVersionsAreListedWithTheLatestLast)
+{
+    storiesOf([] {
+        standin::setRecords({{}, {}, {}, {}});
+        NbSelectedAttribute = 7;
+        return DocumentGetLastRevision("d-1b");
+    }).tell(R"--(
+DocumentGetLastRevision:
+2 @-----Start------------------------------.
+2 @\tDocNumber=d-1b.
+- QV_Destroy_List(null) = 0
+> QV_Create_List(list1, "DocVersion") = 0
+2 @ AppendSelect - doc_revision@doc_number. > QV_Set_Clause(list1, "Select", "doc_revision@doc_number") = 0
+2 @ AppendSelect - doc_revision@doc_rev_num. > QV_Set_Clause(list1, "Select", "doc_revision@doc_rev_num") = 0
+2 @ AppendWhere - &=(doc_revision@doc_number,'d-1b'). > QV_Set_Clause(list1, "Where", "&=(doc_revision@doc_number,'d-1b')") = 0
+2 @ AppendWhere - &=(doc_revision@primary_config@db_object_id,db_object_id). > QV_Set_Clause(list1, "Where", "&=(doc_revision@primary_config@db_object_id,db_object_id)") = 0
+2 @ AppendWhere - &=(copy_count,0). > QV_Set_Clause(list1, "Where", "&=(copy_count,0)") = 0
+> QV_Set_Clause(list1, "OrderBy", "doc_revision@doc_number") = 0
+> QV_Set_Clause(list1, "OrderBy", "doc_revision@doc_rev_num_v") = 0
+> QV_Set_Clause(list1, "OrderBy", "doc_ver_num") = 0
+> QV_Open_List(list1) = 0
+> QV_SizeOf_List(list1, 4) = 0 as QV_SizeOf_List "nb_of_entries" "4"
+2 @-----Exit------Nb of entries=4------------.
+= 4 FromList=List entries=4 LastRecNo=-1 QV_RC=0 SelectedAttribute=[]
+)--");
+    standin::setRecords({});
+    EXPECT_EQ(record([] { return DocumentGetLastRevision("D-9"); }).result, 0);
+    EXPECT_EQ(QV_RC, 0) << "an unknown document is no error";
+}
+
+TEST_F(Documents, AMissingDocumentNumberIsRefusedAndLeavesTheCurrentResult)
+{
+    storiesOf([] {
+        setFromList("Object");
+        NbSelectedAttribute = 1;
+        LastRecNo = 3;
+        return DocumentGetLastRevision("");
+    }).tell(R"(
+DocumentGetLastRevision:
+2 @-----Start------------------------------.
+2 @\tDocNumber=.
+0 @****** ERROR ******  Document Number is not valuated....
+2 @-----Exit------Nb of entries=0------------.
+= 0 FromList=Object entries=0 LastRecNo=3 QV_RC=-1 SelectedAttribute=[]
+)");
 }
 
 } // namespace
