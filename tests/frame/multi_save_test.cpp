@@ -19,21 +19,21 @@ const Step discard{"MultiSaveDiscard", MultiSaveDiscard, "QV_Discard_Multisave",
 
 class MultiSave : public LibraryTest {
 protected:
-    /** Uses a step with a multi-save open and another result than its own. */
-    static Outcome use(const Step& step)
+    /** Uses a step with or without a multi-save open, and another result than its own. */
+    static int use(const Step& step, int started)
     {
-        MultiSaveStarted = 1;
+        MultiSaveStarted = started;
         entries = 7;
         QV_RC = -5;
-        return record(step.function);
+        return step.function();
     }
-    /** The story of a step, its lines about the call, and what it leaves. */
+    /** The story of a step: its lines about the call, and what it leaves. */
     static std::string storyOf(const Step& step, const std::string& call, int result, int code)
     {
-        return story('\n' + step.name + ":\n2 @-----Start-------------------------------------.\n" + call +
-                     "2 @-----Exit--------------------------------------.\n= " + std::to_string(result) +
-                     " FromList= entries=" + std::to_string(result) +
-                     " LastRecNo=0 QV_RC=" + std::to_string(code) + " SelectedAttribute=[]\n");
+        return '\n' + step.name + ":\n2 @-----Start-------------------------------------.\n" + call +
+               "2 @-----Exit--------------------------------------.\n= " + std::to_string(result) +
+               " FromList= entries=" + std::to_string(result) + " LastRecNo=0 QV_RC=" + std::to_string(code) +
+               " SelectedAttribute=[]\n";
     }
 };
 
@@ -42,13 +42,13 @@ TEST_F(MultiSave, EachStepIsOneCall)
     for (const Step& step : {start, commit, discard}) {
         for (const int code : {0, 3, -7}) {
             SCOPED_TRACE(step.name + " answered by " + std::to_string(code));
-            atEachLevel([&] {
+            const std::string call = "> " + step.serverFunction + "() = " + std::to_string(code) +
+                                     step.report + '\n' + (code < 0 ? "! E1 - Refused\n" : "");
+            storiesOf([&] {
                 standin::answer(step.serverFunction, code, {{"E1", "Refused"}});
-                const std::string call = "> " + step.serverFunction + "() = " + std::to_string(code) +
-                                         step.report + '\n' + (code < 0 ? "! E1 - Refused\n" : "");
-                EXPECT_EQ(use(step).story, storyOf(step, call, code < 0 ? 0 : 1, code));
-                EXPECT_EQ(MultiSaveStarted, step.function == MultiSaveStart && code >= 0 ? 1 : 0);
-            });
+                return use(step, 1);
+            }).tell(storyOf(step, call, code < 0 ? 0 : 1, code));
+            EXPECT_EQ(MultiSaveStarted, step.function == MultiSaveStart && code >= 0 ? 1 : 0);
         }
     }
 }
@@ -56,43 +56,23 @@ TEST_F(MultiSave, EachStepIsOneCall)
 TEST_F(MultiSave, AnEndWithoutAStartCallsNothing)
 {
     for (const Step& step : {commit, discard}) {
-        atEachLevel([&] {
-            QV_RC = -5;
-            EXPECT_EQ(record(step.function).story, storyOf(step, "", 1, -5));
-        });
+        storiesOf([&] { return use(step, 0); }).tell(storyOf(step, "", 1, -5));
     }
-}
-
-TEST_F(MultiSave, OneBracketIsEndedOnceAndASecondStartIsCalledAgain)
-{
-    connect();
-    for (const Step& end : {commit, discard}) {
-        const Outcome outcome =
-            record([&] { return MultiSaveStart() + MultiSaveStart() + end.function() + end.function(); });
-        EXPECT_EQ(outcome.result, 4);
-        EXPECT_EQ(outcome.calls,
-                  "QV_Start_Multisave() = 0\nQV_Start_Multisave() = 0\n" + end.serverFunction + "() = 0\n");
-    }
-    // The flag is that of the last start.
-    MultiSaveStart();
-    standin::answer("QV_Start_Multisave", -7);
-    captureOutput([] { EXPECT_EQ(MultiSaveStart(), 0); });
-    EXPECT_EQ(record(MultiSaveCommit).calls, "");
 }
 
 TEST_F(MultiSave, TheSwitchTurnsEveryStepOff)
 {
     for (const Step& step : {start, commit, discard}) {
         for (const char* const setting : {"0", "OFF"}) {
-            atEachLevel([&] {
+            storiesOf([&] {
                 setEnvironment("QV_MULTI_SAVE", setting);
-                EXPECT_EQ(use(step).story, story('\n' + step.name + R"(:
+                return use(step, 1);
+            }).tell('\n' + step.name + R"(:
 2 @-----Start-------------------------------------.
 log @ --- OFF ---
 = 1 FromList= entries=7 LastRecNo=0 QV_RC=-5 SelectedAttribute=[]
-)"));
-                EXPECT_EQ(MultiSaveStarted, 1);
-            });
+)");
+            EXPECT_EQ(MultiSaveStarted, 1);
         }
     }
 }
