@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <filesystem>
+#include <tuple>
 
 #include "tests/harness/library_test.h"
 
@@ -12,60 +13,49 @@ constexpr const char* localFile = "My_QVL_RZM_DEFAULT";
 
 class Defaults : public LibraryTest {
 protected:
-    /** The pairs of "ItemCreate" as "name=value;" in their order. */
-    static std::string pairs(const char* operation = "ItemCreate")
+    /** Reads into lists that held something before. */
+    int use()
     {
-        VELListValVELUnicodeString names;
-        VELListValVELUnicodeString values;
-        const int count = DefaultRead(operation, names, values);
-        EXPECT_EQ(count, names.Size());
-        EXPECT_EQ(count, values.Size());
+        names_ = textList({"left", "over"});
+        values_ = textList({"before"});
+        return DefaultRead("ItemCreate", names_, values_);
+    }
+    /** The pairs of "ItemCreate" as "name=value;" in their order. */
+    std::string pairs()
+    {
+        const int count = use();
+        EXPECT_EQ(count, names_.Size());
+        EXPECT_EQ(count, values_.Size());
         std::string text;
-        for (int position = 1; position <= std::min(names.Size(), values.Size()); ++position) {
-            text += std::string(names[position]) + '=' + std::string(values[position]) + ';';
+        for (int position = 1; position <= std::min(names_.Size(), values_.Size()); ++position) {
+            text += std::string(names_[position]) + '=' + std::string(values_[position]) + ';';
         }
         return text;
     }
-    static Outcome read()
-    {
-        return record([] {
-            pairs();
-            return 0;
-        });
-    }
+
+    VELListValVELUnicodeString names_;
+    VELListValVELUnicodeString values_;
 };
 
-TEST_F(Defaults, WithoutAFileThereAreNone)
+TEST_F(Defaults, BothFilesAreReadAndTracedByLevel)
 {
-    atEachLevel([] {
-        VELListValVELUnicodeString names = textList({"left", "over"});
-        VELListValVELUnicodeString values = textList({"before"});
-        EXPECT_EQ(record([&] { return DefaultRead("ItemCreate", names, values); }).story, story(R"(
+    atEachLevel([this] {
+        const auto read = [this] { return use(); };
+        EXPECT_EQ(record(read).story, story(R"(
 2 DefaultRead-----Start------------------------------.
 2 DefaultRead-----Exit----NbOfDefault=0--------.
 = 0 FromList= entries=0 LastRecNo=0 QV_RC=0 SelectedAttribute=[]
 )"));
-        EXPECT_EQ(names.Size(), 0);
-        EXPECT_EQ(values.Size(), 0);
-    });
-}
-
-TEST_F(Defaults, BothFilesAreReadAndTracedByLevel)
-{
-    for (const int level : {-1, 0, 1, 2, 3, 4, 5, 9}) {
-        SCOPED_TRACE("at trace level " + std::to_string(level));
-        restart();
-        connect(level);
         writeFile(sharedFile, "ItemCreate item_type P\nItemCreate unit EA\n");
-        writeFile(localFile, "ItemCreate unit KG\nItemCreate make_buy M\n");
-        EXPECT_EQ(read().story, story(level < 3 ? R"(
+        writeFile(localFile, "ItemCreate unit KG\n");
+        EXPECT_EQ(record(read).story, story(QVL_Traces_Level < 3 ? R"(
 2 DefaultRead-----Start------------------------------.
 2 DefaultRead- Reading defaults from ./QVL_RZM_DEFAULT.
 2 DefaultRead- Reading defaults from ./My_QVL_RZM_DEFAULT.
-2 DefaultRead-----Exit----NbOfDefault=3--------.
-= 0 FromList= entries=0 LastRecNo=0 QV_RC=0 SelectedAttribute=[]
+2 DefaultRead-----Exit----NbOfDefault=2--------.
+= 2 FromList= entries=0 LastRecNo=0 QV_RC=0 SelectedAttribute=[]
 )"
-                                                : R"(
+                                                                 : R"(
 2 DefaultRead-----Start------------------------------.
 2 DefaultRead- Reading defaults from ./QVL_RZM_DEFAULT.
 log DefaultRead - Reading defaults from  ./QVL_RZM_DEFAULT
@@ -75,12 +65,10 @@ log DefaultRead - Reading defaults from  ./My_QVL_RZM_DEFAULT
 log DefaultRead -  item_type <=> P
 5 DefaultRead- unit=KG.
 log DefaultRead -  unit <=> KG
-5 DefaultRead- make_buy=M.
-log DefaultRead -  make_buy <=> M
-2 DefaultRead-----Exit----NbOfDefault=3--------.
-= 0 FromList= entries=0 LastRecNo=0 QV_RC=0 SelectedAttribute=[]
+2 DefaultRead-----Exit----NbOfDefault=2--------.
+= 2 FromList= entries=0 LastRecNo=0 QV_RC=0 SelectedAttribute=[]
 )"));
-    }
+    });
 }
 
 TEST_F(Defaults, AnEntryIsTheThreeWordsBeforeAComment)
@@ -91,49 +79,42 @@ TEST_F(Defaults, AnEntryIsTheThreeWordsBeforeAComment)
         {"  ItemCreate \t a\t\t1  \n", "a=1;"},
         {"ItemCreate a 1 2 3\n", "a=1;"},
         {"ItemCreate logical_key@item_number A-1'\"%s\n", "logical_key@item_number=A-1'\"%s;"},
-        {"ItemCreate a 1 # and the rest\n", "a=1;"},
         {"ItemCreate a 1#2\n", "a=1;"},
         {"ItemCreate a #1\n", "a=;"},
         {"ItemCreate #a 1\n", "=;"},
         {"ItemCreate#a 1\n", "=;"},
         {"ItemCreate a\n", "a=;"},
         {"ItemCreate\n", "=;"},
-        {"#ItemCreate a 1\n", ""},
-        {" #ItemCreate a 1\n", ""},
+        {"#ItemCreate a 1\n #ItemCreate a 1\n", ""},
         {"\n\n   \n\t\n", ""},
-        {"", ""},
         {"itemcreate a 1\nITEMCREATE a 1\nItemCreat a 1\nItemCreateX a 1\n", ""},
         {"ItemSave a 1\n\nItemCreate b 2\n# ItemCreate c 3\nItemCreate d 4", "b=2;d=4;"},
     };
     for (const auto& [content, expected] : cases) {
-        writeFile(sharedFile, content);
-        EXPECT_EQ(pairs(), expected) << content;
-        writeFile(sharedFile, "");
-        writeFile(localFile, content);
-        EXPECT_EQ(pairs(), expected) << content << "(in the local file)";
-        std::filesystem::remove(localFile);
+        for (const char* const file : {sharedFile, localFile}) {
+            writeFile(file, content);
+            EXPECT_EQ(pairs(), expected) << content << "in " << file;
+            std::filesystem::remove(file);
+        }
     }
+    std::filesystem::create_directory(localFile);
+    writeFile(sharedFile, "ItemCreate a 1\n");
+    EXPECT_EQ(pairs(), "a=1;") << "a file that cannot be read is skipped";
 }
 
 TEST_F(Defaults, TheLocalFileReplacesTheFirstPairOfANameOrAddsOne)
 {
-    struct Case {
-        const char* shared;
-        const char* local;
-        const char* expected;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, const char*, const char*> cases[] = {
         {"ItemCreate a 1\nItemCreate b 2\n", "ItemCreate a 9\n", "a=9;b=2;"},
-        {"ItemCreate a 1\nItemCreate a 2\n", "", "a=1;a=2;"},
         {"ItemCreate a 1\nItemCreate a 2\n", "ItemCreate a 9\n", "a=9;a=2;"},
         {"ItemCreate a 1\n", "ItemCreate b 2\nItemCreate b 3\nItemCreate a 9\nItemCreate a 8\n", "a=8;b=3;"},
         {"ItemCreate a 1\n", "ItemCreate A 2\nItemSave a 3\n", "a=1;A=2;"},
         {"ItemSave a 1\n", "ItemCreate a 2\n", "a=2;"},
     };
-    for (const Case& each : cases) {
-        writeFile(sharedFile, each.shared);
-        writeFile(localFile, each.local);
-        EXPECT_EQ(pairs(), each.expected);
+    for (const auto& [shared, local, expected] : cases) {
+        writeFile(sharedFile, shared);
+        writeFile(localFile, local);
+        EXPECT_EQ(pairs(), expected);
     }
 }
 
@@ -141,21 +122,18 @@ TEST_F(Defaults, ALineIsReadInPiecesOf63Characters)
 {
     const std::string head = "ItemCreate a ";
     const std::string fitting(63 - head.size(), 'v');
-    writeFile(sharedFile, head + fitting + "\nItemCreate b 2\n");
-    EXPECT_EQ(pairs(), "a=" + fitting + ";b=2;");
-
-    writeFile(sharedFile, head + fitting + "x y z\nItemCreate b 2\n");
-    EXPECT_EQ(pairs(), "a=" + fitting + ";b=2;") << "the remainder is a line that names another operation";
-
-    writeFile(sharedFile, head + fitting + "ItemCreate c 3\n");
-    EXPECT_EQ(pairs(), "a=" + fitting + ";c=3;") << "the remainder is a line of its own";
-
-    const std::string comment = '#' + std::string(62, '-');
-    writeFile(sharedFile, comment + "ItemCreate c 3\n");
-    EXPECT_EQ(pairs(), "c=3;") << "a comment ends with its piece";
-
-    writeFile(sharedFile, std::string(100000, 'v') + "\nItemCreate b 2\n");
-    EXPECT_EQ(pairs(), "b=2;");
+    const std::tuple<std::string, std::string, const char*> cases[] = {
+        {head + fitting, "a=" + fitting + ";b=2;", "a line of 63 characters is one piece"},
+        {head + fitting + "x y z", "a=" + fitting + ";b=2;", "the remainder names another operation"},
+        {head + fitting + "ItemCreate c 3", "a=" + fitting + ";c=3;b=2;",
+         "the remainder is a line of its own"},
+        {'#' + std::string(62, '-') + "ItemCreate c 3", "c=3;b=2;", "a comment ends with its piece"},
+        {std::string(100000, 'v'), "b=2;", "a line of any length is read to its end"},
+    };
+    for (const auto& [line, expected, reason] : cases) {
+        writeFile(sharedFile, line + "\nItemCreate b 2\n");
+        EXPECT_EQ(pairs(), expected) << reason;
+    }
 }
 
 TEST_F(Defaults, TheDirectoryOfTheSharedFileComesFromTheEnvironmentAtEachCall)
@@ -163,82 +141,50 @@ TEST_F(Defaults, TheDirectoryOfTheSharedFileComesFromTheEnvironmentAtEachCall)
     connect(2);
     std::filesystem::create_directory("site");
     writeFile("site/QVL_RZM_DEFAULT", "ItemCreate a site\n");
-    writeFile(sharedFile, "ItemCreate a here\nItemCreate b here\n");
     writeFile("site/My_QVL_RZM_DEFAULT", "ItemCreate c wrong\n");
-    const auto expectRead = [](const std::string& path) {
-        EXPECT_EQ(countLines(read().output, "DefaultRead- Reading defaults from " + path + "."), 1);
-    };
+    writeFile(sharedFile, "ItemCreate a here\nItemCreate b here\n");
     setEnvironment("RZM_DEFAULT_DIRECTORY", "site");
-    captureOutput([] { EXPECT_EQ(pairs(), "a=site;"); });
-    expectRead("site/QVL_RZM_DEFAULT");
-
-    writeFile(localFile, "ItemCreate a local\n");
-    captureOutput([] { EXPECT_EQ(pairs(), "a=local;"); });
-    expectRead("./My_QVL_RZM_DEFAULT");
-
+    const std::string told = captureOutput([this] { EXPECT_EQ(pairs(), "a=site;"); });
+    EXPECT_EQ(countLines(told, "DefaultRead- Reading defaults from site/QVL_RZM_DEFAULT."), 1);
     setEnvironment("RZM_DEFAULT_DIRECTORY", "");
-    captureOutput([] { EXPECT_EQ(pairs(), "a=local;"); });
-
+    captureOutput([this] { EXPECT_EQ(pairs(), ""); });
     setEnvironment("RZM_DEFAULT_DIRECTORY", std::nullopt);
-    captureOutput([] { EXPECT_EQ(pairs(), "a=local;b=here;"); });
+    captureOutput([this] { EXPECT_EQ(pairs(), "a=here;b=here;"); });
 }
 
 TEST_F(Defaults, ADirectoryThatIsTooLongIsSkippedWithAWarning)
 {
-    const auto directoryOf = [](std::size_t length) { // "/./././." names the working directory in any length
-        std::string directory = std::filesystem::current_path().string();
-        directory += (length - directory.size()) % 2 == 0 ? "" : "/";
-        while (directory.size() < length) {
-            directory += "/.";
-        }
-        return directory;
-    };
     const std::size_t longest = 255 - std::string("/QVL_RZM_DEFAULT").size();
-    atEachLevel([&] {
-        const int level = QVL_Traces_Level;
-        writeFile(sharedFile, "ItemCreate a shared\n");
-        writeFile(localFile, "ItemCreate b local\n");
-        setEnvironment("RZM_DEFAULT_DIRECTORY", directoryOf(longest));
-        captureOutput([] { EXPECT_EQ(pairs(), "a=shared;b=local;"); });
-
-        for (const std::string& directory : {directoryOf(longest + 1), std::string(10000, 'd')}) {
-            setEnvironment("RZM_DEFAULT_DIRECTORY", directory);
-            captureOutput([] { EXPECT_EQ(pairs(), "b=local;"); });
-            const Outcome outcome = read();
-            // Start, the local file and exit at level 2, the pair at 5; the rest is the warning.
-            const int usual = (level >= 2 ? 3 : 0) + (level >= 5 ? 1 : 0);
-            EXPECT_EQ(countLines(outcome.output), usual + (level >= 0 ? 1 : 0));
-            EXPECT_EQ(countLines(outcome.output, "DefaultRead"), usual + (level >= 0 ? 1 : 0));
-            EXPECT_EQ(countLines(outcome.accessLog), 1 + (level >= 3 ? 2 : 0));
-        }
-    });
-}
-
-TEST_F(Defaults, AFileThatCannotBeReadIsSkipped)
-{
-    std::filesystem::create_directory(localFile);
-    writeFile(sharedFile, "ItemCreate a 1\n");
-    EXPECT_EQ(pairs(), "a=1;");
-}
-
-TEST_F(Defaults, TheOperationMayStandInAListThatIsEmptied)
-{
+    std::string directory = std::filesystem::current_path().string();
+    directory += (longest - directory.size()) % 2 == 0 ? "" : "/";
+    while (directory.size() < longest) {
+        directory += "/."; // names the working directory in any length
+    }
     connect();
-    writeFile(sharedFile, "ItemCreate site A\n");
-    auto names = harness::textList({"ItemCreate"});
-    auto values = names;
-    EXPECT_EQ(DefaultRead(names[1], names, values), 1);
-    values = harness::textList({"ItemCreate"});
-    EXPECT_EQ(DefaultRead(values[1], names, values), 1);
+    writeFile(sharedFile, "ItemCreate a shared\n");
+    writeFile(localFile, "ItemCreate b local\n");
+    setEnvironment("RZM_DEFAULT_DIRECTORY", directory);
+    EXPECT_EQ(pairs(), "a=shared;b=local;");
+    for (const std::string& tooLong : {directory + '/', std::string(10000, 'd')}) {
+        setEnvironment("RZM_DEFAULT_DIRECTORY", tooLong);
+        const Outcome outcome = record([this] {
+            EXPECT_EQ(pairs(), "b=local;");
+            return 0;
+        });
+        EXPECT_EQ(countLines(outcome.output, "DefaultRead- ****** WARNING ****** "), 1);
+        EXPECT_EQ(countLines(outcome.output + outcome.accessLog), 2);
+    }
 }
 
-TEST_F(Defaults, AnOperationWithoutANameHasNoEntries)
+TEST_F(Defaults, TheOperationMayStandInAListThatIsEmptiedAndHaveAnyName)
 {
-    writeFile(sharedFile, "ItemCreate a 1\n");
-    VELListValVELUnicodeString names;
-    VELListValVELUnicodeString values;
-    EXPECT_EQ(DefaultRead(VELUnicodeString(), names, values), 0);
-    EXPECT_EQ(DefaultRead(std::string(10000, 'o').c_str(), names, values), 0);
+    writeFile(sharedFile, "ItemCreate site A\n");
+    names_ = textList({"ItemCreate"});
+    EXPECT_EQ(DefaultRead(names_[1], names_, values_), 1);
+    values_ = textList({"ItemCreate"});
+    EXPECT_EQ(DefaultRead(values_[1], names_, values_), 1);
+    EXPECT_EQ(DefaultRead(VELUnicodeString(), names_, values_), 0);
+    EXPECT_EQ(DefaultRead(std::string(10000, 'o').c_str(), names_, values_), 0);
 }
 
 } // namespace

@@ -7,27 +7,17 @@ using namespace harness;
 
 namespace {
 
-constexpr const char* accessBanner = "*****         (logging all SDK access to Quorvanemastr)         *****";
-constexpr const char* errorBanner = "*****     (logging all SDK errors returned by Quorvanemastr)    *****";
-
-std::string logHeader(const std::string& banner)
-{
-    const std::string stars = std::string(69, '*') + '\n';
-    return "RZM 424.1 / QV 340\n" + stars +
-           "*****      VELRZM : VELOR/HXD - Quorvanemaster Integration      *****\n" + banner + '\n' + stars;
-}
-
 class Connection : public LibraryTest {
 protected:
+    static int logOn() { return QvConnect("jdoe", "secret"); }
     /** A first connection as `connect` makes it, for tests that look at it. */
-    Outcome firstConnect(int level = 0)
+    Outcome firstConnect(int level)
     {
+        restart();
         setEnvironment("QVL_TRACE_LEVEL", std::to_string(level));
         setEnvironment("QVL_LOG_FILE", "access.log");
         return record(logOn);
     }
-    static int logOn() { return QvConnect("jdoe", "secret"); }
-    static Outcome exitLibrary() { return record(QvExit); }
     static void expectState(int environment, int user)
     {
         EXPECT_EQ(EnvOpened, environment);
@@ -42,9 +32,8 @@ protected:
 
 TEST_F(Connection, TheFirstConnectOpensLogsEnvironmentAndSession)
 {
-    for (const int level : {-1, 0, 1, 2, 5, 9}) {
+    for (const int level : {-1, 0, 1, 9}) {
         SCOPED_TRACE("at trace level " + std::to_string(level));
-        restart();
         const Outcome outcome = firstConnect(level);
         expectState(1, 1);
         EXPECT_EQ(outcome.story, story(R"(
@@ -73,6 +62,7 @@ QvConnect:
 )"));
         EXPECT_EQ(lastError(), version);
     }
+    EXPECT_STREQ(RZMCodeLevel(), version);
 }
 
 TEST_F(Connection, PositiveCodesConnectAndDisconnect)
@@ -80,12 +70,11 @@ TEST_F(Connection, PositiveCodesConnectAndDisconnect)
     for (const char* const function : {"QV_Open_Env", "QV_Logon", "QV_Logoff", "QV_Close_Env"}) {
         standin::answer(function, 3);
     }
-    const Outcome outcome = firstConnect(1);
+    const Outcome outcome = record(logOn);
     EXPECT_EQ(outcome.result, 1);
-    EXPECT_EQ(countLines(outcome.output, "QvConnect --- *** QvConnect- RC(QV_Logon)=3."), 1);
     EXPECT_EQ(countLines(outcome.output, "QvConnect --- ... done!."), 1);
     expectState(1, 1);
-    EXPECT_EQ(exitLibrary().result, 1);
+    EXPECT_EQ(record(QvExit).result, 1);
     expectState(0, 0);
 }
 
@@ -107,36 +96,24 @@ TEST_F(Connection, TheTraceLevelIsReadOnceAsANumber)
     }
 }
 
-TEST_F(Connection, WithoutALogPathThereIsNoAccessLog)
+TEST_F(Connection, TheFilesAreWhereTheEnvironmentSaysAndAreEmptiedFirst)
 {
-    const Outcome outcome = record(logOn);
-    EXPECT_EQ(outcome.output, lines(R"(
+    for (const char* const path : {"errors", "last"}) {
+        writeFile(path, std::string(5000, 'o'));
+    }
+    setEnvironment("QVL_LOG_ERROR", "errors");
+    setEnvironment("QVL_LAST_ERROR", "last");
+    EXPECT_EQ(record(logOn).output, lines(R"(
 LogFile=
-Opening Error LogFile ./QVL_LOG_ERROR
+Opening Error LogFile errors
 RZM 424.1 / QV 340.
 QvConnect --- Connecting to Quorvanemaster: trying .....
 QvConnect --- Loging as user jdoe: trying .....
 QvConnect --- ... done!.
 )"));
-    EXPECT_EQ(QVL_Log_File, nullptr);
+    EXPECT_EQ(QVL_Log_File, nullptr) << "there is no access log without a path";
     EXPECT_EQ(QVL_Log_FirstTime, 0);
-    EXPECT_EQ(outcome.errorLog, logHeader(errorBanner));
-}
-
-TEST_F(Connection, TheFilesAreWhereTheEnvironmentSaysAndAreEmptiedFirst)
-{
-    for (const char* const path : {"access", "errors", "last"}) {
-        writeFile(path, std::string(5000, 'o'));
-    }
-    setEnvironment("QVL_LOG_FILE", "access");
-    setEnvironment("QVL_LOG_ERROR", "errors");
-    setEnvironment("QVL_LAST_ERROR", "last");
-    const Outcome outcome = record(logOn);
-    EXPECT_EQ(countLines(outcome.output, "Opening LogFile access"), 1);
-    EXPECT_EQ(countLines(outcome.output, "Opening Error LogFile errors"), 1);
-    EXPECT_EQ(readFile("access"),
-              logHeader(accessBanner) + "QvConnect- rc(QV_Open_Env) = 0\nQvConnect- rc(QV_Logon) = 0\n");
-    EXPECT_EQ(readFile("errors"), logHeader(errorBanner));
+    EXPECT_EQ(countLines(readFile("errors")), 5);
     EXPECT_EQ(readFile("last"), version);
     EXPECT_FALSE(std::filesystem::exists("QVL_LOG_ERROR"));
     EXPECT_FALSE(std::filesystem::exists("QVL_LAST_ERROR"));
@@ -151,15 +128,10 @@ TEST_F(Connection, FilesThatCannotBeMadeAreDoneWithout)
     standin::answer("QV_Logon", -7, {{"E1", "Refused"}});
     const Outcome outcome = record(logOn);
     EXPECT_EQ(outcome.result, 0);
-    EXPECT_EQ(outcome.output, "LogFile=" + nowhere + "\nOpening LogFile " + nowhere +
-                                  "\nOpening Error LogFile " + nowhere + lines(R"(
-
-RZM 424.1 / QV 340.
-QvConnect --- Connecting to Quorvanemaster: trying .....
-QvConnect --- Loging as user jdoe: trying .....
-****** Refused .
-QvConnect --- *** ERROR *** Unable to logon to Quorvanemaster.
-)"));
+    EXPECT_EQ(outcome.output.substr(0, outcome.output.find("RZM")),
+              "LogFile=" + nowhere + "\nOpening LogFile " + nowhere + "\nOpening Error LogFile " + nowhere +
+                  '\n');
+    EXPECT_EQ(countLines(outcome.output, "****** Refused ."), 1);
     expectLogsClosed();
     EXPECT_TRUE(std::filesystem::is_empty("."));
 }
@@ -170,9 +142,9 @@ TEST_F(Connection, ASecondConnectOnlyResetsTheLastError)
     DisplayError("Import", "File is empty");
     setEnvironment("QVL_LOG_FILE", "other.log");
     setEnvironment("QVL_LOG_ERROR", "other.errors");
-    const Outcome outcome = record(logOn);
-    EXPECT_EQ(outcome.result, 1);
-    EXPECT_EQ(outcome.calls + outcome.output + outcome.accessLog + outcome.errorLog, "");
+    EXPECT_EQ(record(logOn).story, story(R"(
+= 1 FromList= entries=0 LastRecNo=0 QV_RC=0 SelectedAttribute=[]
+)"));
     EXPECT_EQ(lastError(), version);
     EXPECT_FALSE(std::filesystem::exists("other.log"));
     EXPECT_FALSE(std::filesystem::exists("other.errors"));
@@ -180,9 +152,9 @@ TEST_F(Connection, ASecondConnectOnlyResetsTheLastError)
 
 TEST_F(Connection, AnEnvironmentThatDoesNotOpenIsReportedAndTriedAgain)
 {
+    setEnvironment("QVL_LOG_FILE", "access.log");
     standin::answer("QV_Open_Env", -7, {{"E1", "No licence"}});
-    const Outcome refused = firstConnect(5);
-    EXPECT_EQ(refused.storyFrom("Connecting to"), story(R"(
+    EXPECT_EQ(record(logOn).storyFrom("Connecting to"), story(R"(
 QvConnect:
 0 @ --- Connecting to Quorvanemaster: trying ..... > QV_Open_Env() = -7
 ! E1 - No licence
@@ -192,26 +164,19 @@ QvConnect:
     EXPECT_EQ(lastError(), "No licence \n");
 
     standin::answer("QV_Open_Env", 0);
-    const Outcome again = record(logOn);
-    EXPECT_EQ(again.result, 1);
-    EXPECT_EQ(again.calls, "QV_Open_Env() = 0\nQV_Logon(\"jdoe\", \"secret\", \"\", \"\") = 0\n");
+    EXPECT_EQ(record(logOn).calls, "QV_Open_Env() = 0\nQV_Logon(\"jdoe\", \"secret\", \"\", \"\") = 0\n");
     EXPECT_EQ(lastError(), version);
     expectState(1, 1);
 }
 
 TEST_F(Connection, ALogonThatIsRefusedIsReportedAndTriedAgainInTheOpenEnvironment)
 {
-    for (const int level : {-1, 0, 1, 2, 5, 9}) {
-        SCOPED_TRACE("at trace level " + std::to_string(level));
-        restart();
-        standin::answer("QV_Logon", -7, {{"E1", "Unknown user"}});
-        const Outcome first = firstConnect(level);
-        EXPECT_EQ(first.result, 0);
-        expectState(1, 0);
-        EXPECT_EQ(first.errorLog, logHeader(errorBanner) + errorBlock("QvConnect", "Unknown user "));
-        EXPECT_EQ(record(logOn).story, story(R"(
+    firstConnect(1);
+    UserLoggedOn = 0;
+    standin::answer("QV_Logon", -7, {{"E1", "Unknown user"}});
+    EXPECT_EQ(record([] { return QvConnect(nullptr, nullptr); }).story, story(R"(
 QvConnect:
-0 @ --- Loging as user jdoe: trying ..... > QV_Logon("jdoe", "secret", "", "") = -7 as QV_Logon ""
+0 @ --- Loging as user : trying ..... > QV_Logon("", "", "", "") = -7 as QV_Logon ""
 ! E1 - Unknown user
 1 @ --- ************************************.
 1 @ --- *** @- RC(QV_Logon)=-7.
@@ -219,52 +184,33 @@ QvConnect:
 0 @ --- *** ERROR *** Unable to logon to Quorvanemaster.
 = 0 FromList= entries=0 LastRecNo=0 QV_RC=-7 SelectedAttribute=[]
 )"));
-        expectState(1, 0);
-        EXPECT_EQ(lastError(), "Unknown user \n");
+    expectState(1, 0);
+    EXPECT_EQ(lastError(), "Unknown user \n");
 
-        standin::answer("QV_Logon", 0);
-        EXPECT_EQ(record(logOn).result, 1);
-        expectState(1, 1);
-    }
+    standin::answer("QV_Logon", 0);
+    EXPECT_EQ(record(logOn).calls, "QV_Logon(\"jdoe\", \"secret\", \"\", \"\") = 0\n");
+    expectState(1, 1);
 }
 
-TEST_F(Connection, NullUserAndPasswordCountAsEmpty)
+TEST_F(Connection, ExitEndsWhatWasBegun)
 {
-    connect();
+    EXPECT_EQ(record(QvExit).story, story(R"(
+= 1 FromList= entries=0 LastRecNo=0 QV_RC=0 SelectedAttribute=[]
+)"));
+    firstConnect(0);
     UserLoggedOn = 0;
-    const Outcome outcome = record([] { return QvConnect(nullptr, nullptr); });
-    EXPECT_EQ(outcome.result, 1);
-    EXPECT_EQ(outcome.calls, "QV_Logon(\"\", \"\", \"\", \"\") = 0\n");
-    EXPECT_EQ(outcome.output, "QvConnect --- Loging as user : trying .....\nQvConnect --- ... done!.\n");
-}
-
-TEST_F(Connection, ExitWithoutAConnectionCallsNothing)
-{
-    const Outcome outcome = exitLibrary();
-    EXPECT_EQ(outcome.result, 1);
-    EXPECT_EQ(outcome.calls + outcome.output, "");
-    expectState(0, 0);
-}
-
-TEST_F(Connection, ExitWithoutAUserClosesTheEnvironment)
-{
-    standin::answer("QV_Logon", -7);
-    firstConnect(5);
-    const Outcome outcome = exitLibrary();
-    EXPECT_EQ(outcome.result, 1);
-    EXPECT_EQ(outcome.calls, "QV_Close_Env() = 0\n");
-    EXPECT_EQ(outcome.output, "QvExit QV_Close_Env  : QV_RC=0.\n");
+    EXPECT_EQ(record(QvExit).calls, "QV_Close_Env() = 0\n");
     expectState(0, 0);
     expectLogsClosed();
 }
 
 TEST_F(Connection, ExitDestroysListAndReportLogsOffAndClosesEverything)
 {
-    atEachLevel([] {
-        ASSERT_EQ(QV_Create_Object(&QV_ObjPtr, "BomHeader"), 0);
-        ASSERT_EQ(QV_Create_Report(&QV_RepPtr, "IndentedRetrievalStrmElm", "ExplosionRetrieval"), 0);
-        ASSERT_EQ(QV_Generate_Report(QV_RepPtr, &QV_ListPtr), 0);
-        EXPECT_EQ(exitLibrary().story, story(R"(
+    connect(2);
+    ASSERT_EQ(QV_Create_Object(&QV_ObjPtr, "BomHeader"), 0);
+    ASSERT_EQ(QV_Create_Report(&QV_RepPtr, "IndentedRetrievalStrmElm", "ExplosionRetrieval"), 0);
+    ASSERT_EQ(QV_Generate_Report(QV_RepPtr, &QV_ListPtr), 0);
+    EXPECT_EQ(record(QvExit).story, story(R"(
 DestroyListOrReport:
 2 @-----Start-------. > QV_Destroy_Report(report1) = 0
 > QV_Destroy_List(list1) = 0
@@ -274,32 +220,28 @@ QvExit:
 > QV_Close_Env() = 0
 = 1 FromList= entries=0 LastRecNo=0 QV_RC=0 SelectedAttribute=[]
 )"));
-        expectState(0, 0);
-        expectLogsClosed();
-        EXPECT_NE(QV_ObjPtr, nullptr) << "the object is not the connection's to destroy";
-    });
+    expectState(0, 0);
+    expectLogsClosed();
+    EXPECT_NE(QV_ObjPtr, nullptr) << "the object is not the connection's to destroy";
 }
 
-TEST_F(Connection, ALogoffThatFailsLeavesTheConnectionAndClosesTheLogs)
+TEST_F(Connection, AnExitThatFailsLeavesTheConnectionAndClosesTheLogs)
 {
     connect();
     standin::answer("QV_Logoff", -7, {{"E1", "Busy"}});
-    EXPECT_EQ(exitLibrary().story, story(R"(
+    EXPECT_EQ(record(QvExit).story, story(R"(
 QvExit:
 > QV_Logoff() = -7
 ! E1 - Busy
 = 1 FromList= entries=0 LastRecNo=0 QV_RC=-7 SelectedAttribute=[]
 )"));
-    EXPECT_EQ(lastError(), "Busy \n");
     expectState(1, 1);
     expectLogsClosed();
-}
 
-TEST_F(Connection, AnEnvironmentThatDoesNotCloseStaysOpen)
-{
+    restart();
     connect();
     standin::answer("QV_Close_Env", -7, {{"E1", "Busy"}});
-    EXPECT_EQ(exitLibrary().story, story(R"(
+    EXPECT_EQ(record(QvExit).story, story(R"(
 QvExit:
 > QV_Logoff() = 0
 > QV_Close_Env() = -7
@@ -316,28 +258,11 @@ TEST_F(Connection, AfterAnExitTheConnectionComesBackAndTheLogsDoNot)
     captureOutput(QvExit);
     standin::answer("QV_Logon", -7, {{"E1", "Refused"}});
     const Outcome refused = record(logOn);
-    EXPECT_EQ(refused.result, 0);
     EXPECT_EQ(refused.calls, "QV_Open_Env() = 0\nQV_Logon(\"jdoe\", \"secret\", \"\", \"\") = -7\n");
-    EXPECT_EQ(refused.output, lines(R"(
-RZM 424.1 / QV 340.
-QvConnect --- Connecting to Quorvanemaster: trying .....
-QvConnect --- Loging as user jdoe: trying .....
-****** Refused .
-QvConnect --- *** ERROR *** Unable to logon to Quorvanemaster.
-)"));
+    EXPECT_EQ(countLines(refused.output, "****** Refused ."), 1);
     EXPECT_EQ(refused.accessLog + refused.errorLog, "");
     EXPECT_EQ(lastError(), version) << "without an error log only the reset is written";
     expectLogsClosed();
-
-    standin::answer("QV_Logon", 0);
-    EXPECT_EQ(record(logOn).result, 1);
-    expectState(1, 1);
-    expectLogsClosed();
-}
-
-TEST_F(Connection, TheCodeLevelNamesLibraryAndServer)
-{
-    EXPECT_STREQ(RZMCodeLevel(), "RZM 424.1 / QV 340");
 }
 
 } // namespace
