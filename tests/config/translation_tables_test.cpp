@@ -28,7 +28,7 @@ protected:
     /** Reads into lists that held entries before, with a current result that stays. */
     int use(Reader reader, const char* name)
     {
-        standin::setTranslations("COLOUR_TAB", {{"1", "red"}, {"2", ""}, {"3", "blue"}});
+        standin::script().translations["COLOUR_TAB"] = {{"1", "red"}, {"2", ""}, {"3", "blue"}};
         from_ = textList({"left", "over"});
         to_ = textList({"before"});
         entries = 7;

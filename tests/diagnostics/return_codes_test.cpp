@@ -95,7 +95,7 @@ TEST_F(ReturnCodes, AMessageWithTheCodeOfTheOneBeforeIsSkippedAndNullIsEmpty)
         EXPECT_EQ(lastError(), each.text + '\n');
     }
     standin::failLastCall({});
-    standin::setErrorSize(-1);
+    standin::script().errorSize = -1;
     EXPECT_EQ(check(-1).errorLog, errorBlock("ItemOpen", ""));
 }
 

@@ -57,7 +57,7 @@ TEST_F(CurrentResult, AnObjectOperationLeavesTheListAlive)
     connect();
     makeListResult({{{"id", "EC-1"}}, {{"id", "EC-2"}}});
     EXPECT_EQ(countLines(record(open).calls, "QV_Destroy_List"), 0);
-    standin::setValue("id", "EC-OBJECT");
+    standin::script().values["id"] = "EC-OBJECT";
     char value[QV_MAX_VALUE_LENGTH + 1];
     EXPECT_EQ(GetValue(0, "id", value), 1);
     EXPECT_STREQ(value, "EC-OBJECT");

@@ -54,7 +54,7 @@ TEST_F(Values, OfAnObjectAreReadByName)
 {
     atEachLevel([this] {
         makeObjectResult();
-        standin::setValue("id", "EC-1");
+        standin::script().values["id"] = "EC-1";
         EXPECT_EQ(byName(0, "id").story, story(R"(
 GetValue:
 9 @- LastRecNo=-1- RecNo=0- Name=id- out of 1 entries.
@@ -75,7 +75,7 @@ TEST_F(Values, OfAnObjectAreReadBySlot)
 {
     atEachLevel([this] {
         makeObjectResult();
-        standin::setValue("desc", "Stronger bracket");
+        standin::script().values["desc"] = "Stronger bracket";
         LastAttNo = 0;
         EXPECT_EQ(bySlot(0, 1).story, story(R"(
 GetAttributeValue:
@@ -225,11 +225,11 @@ TEST_F(Values, TheHandleAndNotTheCodeTellsWhetherARecordWasFetched)
 {
     connect();
     makeThreeChanges();
-    standin::handOver("QV_Read_List", standin::HandOver::Never);
+    standin::script().handOvers["QV_Read_List"] = standin::HandOver::Never;
     EXPECT_EQ(byName(0, "id").output, "GetValue- ****** ERROR ****** Invalid QV_ObjPtr handle ******.\n");
 
     standin::answer("QV_Read_List", -7, {{"E1", "Stale"}});
-    standin::handOver("QV_Read_List", standin::HandOver::Always);
+    standin::script().handOvers["QV_Read_List"] = standin::HandOver::Always;
     EXPECT_EQ(byName(1, "id").output, "****** Stale .\n");
     EXPECT_STREQ(value_, "EC-1");
     EXPECT_EQ(LastRecNo, 1);
@@ -252,7 +252,7 @@ TEST_F(Values, AnAttributeTheServerDoesNotHandOutIsEmpty)
 {
     connect();
     makeObjectResult();
-    standin::setValue("id", std::nullopt);
+    standin::script().values["id"] = std::nullopt;
     EXPECT_EQ(byName(0, "id").result, 1);
     EXPECT_STREQ(value_, "");
     EXPECT_EQ(bySlot(0, 0).result, 1);
@@ -285,7 +285,7 @@ TEST_F(Values, NullArgumentsNeverCrash)
     connect(9);
     captureOutput([&] { useNulls("", ""); });
     makeObjectResult();
-    standin::setValue("id", "EC-7");
+    standin::script().values["id"] = "EC-7";
     captureOutput([&] { useNulls("id", "EC-7"); });
     makeThreeChanges();
     captureOutput([&] { useNulls("id", "EC-0"); });
@@ -296,7 +296,7 @@ TEST_F(Values, LongValuesAreReadWholeWithOrWithoutASize)
     connect(9);
     makeObjectResult();
     const std::string text(10000, 'd');
-    standin::setValue("desc", text);
+    standin::script().values["desc"] = text;
     const Outcome outcome = byName(0, "desc");
     EXPECT_EQ(value_, text);
     EXPECT_EQ(value_[text.size() + 1], canary);
@@ -310,7 +310,7 @@ TEST_F(Values, TheSizedReadersNeverWritePastTheBuffer)
 {
     connect();
     makeObjectResult();
-    standin::setValue("desc", "0123456789");
+    standin::script().values["desc"] = "0123456789";
     const auto expectRead = [](const char* buffer, std::size_t size, const std::string& whole) {
         const char untouched[] = {canary, canary, '\0'};
         EXPECT_EQ(size == 0 ? "" : std::string(buffer), whole.substr(0, size == 0 ? 0 : size - 1));

@@ -1,50 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/harness/files.h"
 
-#include <cstdio>
 #include <cstdlib>
 #include <fstream>
-#include <iostream>
 #include <iterator>
-#include <memory>
 #include <stdexcept>
 #include <system_error>
 
-#include <unistd.h>
+#include <gtest/gtest.h>
 
 namespace harness {
-
-namespace {
-
-/** Standard output, turned into a file for as long as it lives. */
-class RedirectedOutput {
-public:
-    explicit RedirectedOutput(std::FILE* target) : original_(dup(STDOUT_FILENO))
-    {
-        flush();
-        if (original_ < 0 || dup2(fileno(target), STDOUT_FILENO) < 0) {
-            throw std::runtime_error("standard output cannot be redirected");
-        }
-    }
-    ~RedirectedOutput()
-    {
-        flush();
-        dup2(original_, STDOUT_FILENO);
-        close(original_);
-    }
-    RedirectedOutput(const RedirectedOutput&) = delete;
-    RedirectedOutput& operator=(const RedirectedOutput&) = delete;
-
-private:
-    static void flush()
-    {
-        std::cout.flush();
-        static_cast<void>(std::fflush(stdout));
-    }
-    int original_;
-};
-
-} // namespace
 
 std::string readFile(const std::string& path, std::size_t start)
 {
@@ -64,20 +29,9 @@ void writeFile(const std::string& path, const std::string& content)
 
 std::string captureOutput(const std::function<void()>& use)
 {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> target(std::tmpfile(), &std::fclose);
-    if (target == nullptr) {
-        throw std::runtime_error("no temporary file for standard output");
-    }
-    {
-        const RedirectedOutput redirected(target.get());
-        use();
-    }
-    std::rewind(target.get());
-    std::string text;
-    for (int unit = std::fgetc(target.get()); unit != EOF; unit = std::fgetc(target.get())) {
-        text += static_cast<char>(unit);
-    }
-    return text;
+    testing::internal::CaptureStdout();
+    use();
+    return testing::internal::GetCapturedStdout();
 }
 
 TemporaryDirectory::TemporaryDirectory() : previous_(std::filesystem::current_path())

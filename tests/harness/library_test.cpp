@@ -102,7 +102,7 @@ void LibraryTest::setFromList(const std::string& kind)
 
 void LibraryTest::makeListResult(const std::vector<standin::Record>& records)
 {
-    standin::setRecords(records);
+    standin::script().records = records;
     ASSERT_EQ(QV_Create_List(&QV_ListPtr, "EngineeringChange"), 0);
     setFromList("List");
     entries = static_cast<int>(records.size());

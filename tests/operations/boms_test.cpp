@@ -115,7 +115,7 @@ protected:
 TEST_F(BomExplosion, TheRowsOfTheReportAreTheCurrentList)
 {
     atEachLevel([] {
-        standin::setRecords({{}, {}, {{"level", "2"}}});
+        standin::script().records = {{}, {}, {{"level", "2"}}};
         const auto first = [] {
             return explode({"item_number", "itm_doc_str"}, {"br-1", "no"}, {"level", "comp_item_number"});
         };
@@ -175,7 +175,7 @@ TEST_F(BomExplosion, AReportThatCannotBeGivenBackIsToldAndReplaced)
     record([] { return explode(); }); // leaves a report without rows
     standin::answer("QV_Generate_Report", 0);
     standin::answer("QV_Destroy_Report", -7, {{"E1", "in use"}});
-    standin::setRecords({{}});
+    standin::script().records = {{}};
     EXPECT_EQ(record([] { return explode(); }).story, story(R"(
 DestroyListOrReport:
 > QV_Destroy_Report(report1) = -7

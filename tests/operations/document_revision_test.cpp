@@ -20,12 +20,12 @@ protected:
     }
     static void setRevisions()
     {
-        standin::setRecords({{{"doc_revision@doc_rev_num", "A"}, {"db_object_id", "4711"}},
-                             {{"doc_revision@doc_rev_num", "B"}, {"db_object_id", "4712"}}});
+        standin::script().records = {{{"doc_revision@doc_rev_num", "A"}, {"db_object_id", "4711"}},
+                                     {{"doc_revision@doc_rev_num", "B"}, {"db_object_id", "4712"}}};
     }
     static void setControlNumber(std::optional<std::string> change)
     {
-        standin::setValue("doc_revision@doc_ctrl_num", std::move(change));
+        standin::script().values["doc_revision@doc_ctrl_num"] = std::move(change);
     }
     Outcome revise(const std::string& change, const std::string& documentNumber = "d-1b")
     {
@@ -181,7 +181,7 @@ TEST_F(DocumentRevision, TheBuffersAreWrittenAsSoonAsTheRevisionIsFound)
 TEST_F(DocumentRevision, WithoutARecordTheWorkEndsQuietly)
 {
     begin();
-    standin::setRecords({});
+    standin::script().records = {};
     EXPECT_EQ(revise("").storyFrom("QV_SizeOf_List"), story(R"(
 - QV_SizeOf_List(list1, 0) = 0
 DocumentMakeNewRevision:
@@ -211,7 +211,7 @@ DocumentMakeNewRevision:
 TEST_F(DocumentRevision, AHandleIsGivenBackEvenWhereTheCallThatHandedItOverFailed)
 {
     begin();
-    standin::handOver("QV_Make_New_Revision", standin::HandOver::Always);
+    standin::script().handOvers["QV_Make_New_Revision"] = standin::HandOver::Always;
     standin::answer("QV_Make_New_Revision", -7, {{"E1", "checked out by jdoe"}});
     EXPECT_EQ(revise("").storyFrom("QV_Make_New_Revision"), story(R"(
 - QV_Make_New_Revision(obj1, obj2) = -7
@@ -223,7 +223,7 @@ log @- rc(base doc: QV_MakeNewRevision_Doc) = -7
 = 0 FromList=Object entries=-1 LastRecNo=-1 QV_RC=-7 SelectedAttribute=[db_object_id]
 )"));
     begin();
-    standin::handOver("QV_Create_Object", standin::HandOver::Always);
+    standin::script().handOvers["QV_Create_Object"] = standin::HandOver::Always;
     standin::answerCall(30, -7, {{"E1", "refused"}}); // the creation of the new revision
     EXPECT_EQ(revise("").storyFrom("QV_Create_Object(obj4"), story(R"(
 DocumentMakeNewRevision:
@@ -239,7 +239,7 @@ DocumentMakeNewRevision:
 TEST_F(DocumentRevision, TheReadingOfTheRecordIsJudgedByItsHandleAlone)
 {
     begin();
-    standin::handOver("QV_Read_List", standin::HandOver::Always);
+    standin::script().handOvers["QV_Read_List"] = standin::HandOver::Always;
     standin::answer("QV_Read_List", -7, {{"E1", "not told"}});
     const Outcome outcome = revise("");
     EXPECT_EQ(outcome.result, 1);
@@ -266,7 +266,7 @@ TEST_F(DocumentRevision, MissingTextsAreEmptyAndValuesOfTheLargestSizeComeBackWh
 {
     connect();
     const std::string value(QV_MAX_VALUE_LENGTH, 'n');
-    standin::setRecords({{{"doc_revision@doc_rev_num", value}, {"db_object_id", value}}});
+    standin::script().records = {{{"doc_revision@doc_rev_num", value}, {"db_object_id", value}}};
     revise("");
     EXPECT_EQ(names(), value + ' ' + value);
     std::array<char, QV_MAX_VALUE_LENGTH + 1> number{};

@@ -137,7 +137,7 @@ log @ ...Document was  found
 TEST_F(Documents, TheVersionsAreListedWithTheLatestLast)
 {
     storiesOf([] {
-        standin::setRecords({{}, {}, {}, {}});
+        standin::script().records = {{}, {}, {}, {}};
         NbSelectedAttribute = 7;
         return DocumentGetLastRevision("d-1b");
     }).tell(R"--(
@@ -159,7 +159,7 @@ DocumentGetLastRevision:
 2 @-----Exit------Nb of entries=4------------.
 = 4 FromList=List entries=4 LastRecNo=-1 QV_RC=0 SelectedAttribute=[]
 )--");
-    standin::setRecords({});
+    standin::script().records = {};
     EXPECT_EQ(record([] { return DocumentGetLastRevision("D-9"); }).result, 0);
     EXPECT_EQ(QV_RC, 0) << "an unknown document is no error";
 }

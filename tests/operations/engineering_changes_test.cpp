@@ -161,7 +161,7 @@ TEST_F(AffectedItems, AReleaseLeavesOutTheDateOfEffectivityAloneAndNoActionIsACh
 TEST_F(AffectedItems, TheItemsOfAChangeAreListed)
 {
     storiesOf([] {
-        standin::setRecords({{{"item_number", "BR-1"}}, {{"item_number", "BR-2"}}});
+        standin::script().records = {{{"item_number", "BR-1"}}, {{"item_number", "BR-2"}}};
         writeFile("QVL_RZM_DEFAULT", "AffectedItemQuery no no\n");
         return AffectedItemQuery(Text("ab'12"), Names({"item_number", "item_status"}));
     }).tell(R"--(

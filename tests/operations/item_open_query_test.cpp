@@ -32,7 +32,7 @@ protected:
     {
         restart();
         connect();
-        standin::setRecords({{}});
+        standin::script().records = {{}};
         Query texts;
         texts.*filter = value;
         return record([&] { return use(texts); });
@@ -227,7 +227,7 @@ TEST_F(ItemOpenQuery, AnOpenThatAnswersMinusOneIsNotCounted)
     for (const int code : {-1, -2}) {
         restart();
         connect(2);
-        standin::setRecords({{}, {}});
+        standin::script().records = {{}, {}};
         standin::answer("QV_Open_List", code, {{"Q1", "Nothing found"}});
         EXPECT_EQ(record([] { return use({}); }).storyFrom("call QV_Open_List"), story(R"(
 ItemQuery:

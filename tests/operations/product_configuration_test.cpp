@@ -53,9 +53,9 @@ protected:
     }
     static void makeTwoRows()
     {
-        standin::setRecords(
-            {{{"product", "car"}, {"feature", "roof"}, {"variant", "glass"}, {"package_id", "P1"}},
-             {{"product", "car"}, {"feature", "seat"}, {"variant", "wool"}, {"package_id", "P2"}}});
+        standin::script().records = {
+            {{"product", "car"}, {"feature", "roof"}, {"variant", "glass"}, {"package_id", "P1"}},
+            {{"product", "car"}, {"feature", "seat"}, {"variant", "wool"}, {"package_id", "P2"}}};
     }
     /** Lines with each column in place of "#". */
     static std::string eachColumn(const std::string& lines)
@@ -155,7 +155,7 @@ TEST_P(ProductConfiguration, ValuesOfTheLargestSizeComeBackWhole)
 {
     connect();
     const std::string value(QV_MAX_VALUE_LENGTH, 'v');
-    standin::setRecords({{{"product", value}}});
+    standin::script().records = {{{"product", value}}};
     EXPECT_EQ(query("O'Neil").result, 1);
     EXPECT_EQ(countLines(standin::transcript(), "&=(product,'O'Neil')"), 1);
     ASSERT_EQ(lists_[0].Size(), 1);

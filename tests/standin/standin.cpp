@@ -14,17 +14,6 @@ std::string quoted(const std::string& text)
     return '"' + text + '"';
 }
 
-template <class Handles>
-void noteLeaksAmong(const Handles& handles, std::initializer_list<const void*> held)
-{
-    for (const auto& handle : handles) {
-        const bool isHeld = std::find(held.begin(), held.end(), &handle) != held.end();
-        if (handle.state == Handle::State::Live && !isHeld) {
-            state().violation("handle " + handle.name + " leaked");
-        }
-    }
-}
-
 } // namespace
 
 State& state()
@@ -81,14 +70,19 @@ void observe(std::function<void(const Call&)> observer)
     state().observer = std::move(observer);
 }
 
+Script& script()
+{
+    return state().script;
+}
+
 void answerCall(std::size_t number, int code, std::vector<Message> messages)
 {
-    state().callAnswers[number] = {code, std::move(messages)};
+    script().calls[number] = {code, std::move(messages)};
 }
 
 void answer(const std::string& function, int code, std::vector<Message> messages)
 {
-    state().functionAnswers[function] = {code, std::move(messages)};
+    script().functions[function] = {code, std::move(messages)};
 }
 
 void failLastCall(std::vector<Message> messages)
@@ -97,74 +91,54 @@ void failLastCall(std::vector<Message> messages)
     state().messages = std::move(messages);
 }
 
-void setErrorSize(int size)
-{
-    state().errorSize = size;
-}
-
-void handOver(const std::string& function, HandOver when)
-{
-    state().handOvers[function] = when;
-}
-
-void setValue(const std::string& path, std::optional<std::string> value)
-{
-    state().values[path] = std::move(value);
-}
-
-void setRecords(std::vector<Record> records)
-{
-    state().records = std::move(records);
-}
-
-void setTranslations(const std::string& name, std::vector<std::pair<std::string, std::string>> entries)
-{
-    state().translations[name] = std::move(entries);
-}
-
 std::string violations()
 {
-    std::string text;
-    for (const std::string& violation : state().violations) {
-        text += violation + '\n';
-    }
-    return text;
+    return state().violations;
 }
 
 void noteLeaks(std::initializer_list<const void*> held)
 {
-    noteLeaksAmong(state().objects, held);
-    noteLeaksAmong(state().lists, held);
-    noteLeaksAmong(state().reports, held);
+    for (const auto& handle : state().handles) {
+        const bool isHeld = std::find(held.begin(), held.end(), handle.get()) != held.end();
+        if (handle->state == Handle::State::Live && !isHeld) {
+            state().violation("handle " + handle->name + " leaked");
+        }
+    }
 }
 
 CallRecorder::CallRecorder(const char* function)
 {
-    State& shared = state();
     call_.function = function;
-    shared.handedOut.clear();
-    if (const auto found = shared.callAnswers.find(shared.calls.size() + 1);
-        found != shared.callAnswers.end()) {
-        answer_ = found->second;
-    } else if (const auto byName = shared.functionAnswers.find(function);
-               byName != shared.functionAnswers.end()) {
-        answer_ = byName->second;
-    }
+    state().handedOut.clear();
+    const auto byNumber = script().calls.find(state().calls.size() + 1);
+    answer_ = byNumber != script().calls.end() ? byNumber->second : script().functions[function];
 }
 
-CallRecorder& CallRecorder::text(const char* value)
+void CallRecorder::add(const char* text)
 {
-    if (value == nullptr) {
+    if (text == nullptr) {
         violation("null text passed");
     }
-    call_.arguments.push_back(value == nullptr ? "null" : quoted(value));
-    return *this;
+    call_.arguments.push_back(text == nullptr ? "null" : quoted(text));
 }
 
-CallRecorder& CallRecorder::number(int value)
+void CallRecorder::add(const Handle* handle)
 {
-    call_.arguments.push_back(std::to_string(value));
-    return *this;
+    const Handle* const known = find(handle);
+    call_.arguments.push_back(known != nullptr ? known->name : "unknown");
+    if (known == nullptr) {
+        violation("null or unknown handle used");
+    } else if (known->state == Handle::State::Destroyed) {
+        violation("dead handle " + known->name + " used");
+    }
+}
+
+Handle* CallRecorder::find(const void* handle)
+{
+    const auto& handles = state().handles;
+    const auto found = std::find_if(handles.begin(), handles.end(),
+                                    [=](const auto& known) { return known.get() == handle; });
+    return found == handles.end() ? nullptr : found->get();
 }
 
 void CallRecorder::refuse(const std::string& why)
@@ -190,8 +164,7 @@ int CallRecorder::code()
 
 bool CallRecorder::handsOver() const
 {
-    const auto found = state().handOvers.find(call_.function);
-    const HandOver when = found == state().handOvers.end() ? HandOver::OnSuccess : found->second;
+    const HandOver when = script().handOvers[call_.function];
     return when == HandOver::Always || (when == HandOver::OnSuccess && succeeds());
 }
 

@@ -4,7 +4,7 @@
 // the test program, records what the library calls and answers as the script says. Without a script every
 // call succeeds with 0.
 //
-//     standin::setValue("id", "EC-1");                       // what QV_Get_Object_Attr hands out
+//     standin::script().values["id"] = "EC-1";               // what QV_Get_Object_Attr hands out
 //     standin::answerCall(2, -7, {{"E1", "no such class"}}); // the second call from now on fails
 //     ... use the library ...
 //     EXPECT_EQ(standin::transcript(), "QV_Create_Object(obj1, \"EngineeringChange\") = 0\n" ...);
@@ -66,23 +66,33 @@ void forgetCalls();
 void observe(std::function<void(const Call&)> observer);
 
 // What is answered. A negative code fails the call, and its messages are kept for the message functions.
-/** Answers call `number`, counted from 1 since the last reset or forgetCalls. */
+/** The answer to a call: its code and the messages of a failure. */
+struct Answer {
+    int code = 0;
+    std::vector<Message> messages = {};
+};
+struct Script {
+    /** By number, counted from 1 since the last reset or forgetCalls; otherwise by function. */
+    std::map<std::size_t, Answer> calls;
+    std::map<std::string, Answer> functions;
+    /** When a function fills its handle variable; on success if nothing is said. */
+    std::map<std::string, HandOver> handOvers;
+    /** The attributes of every object that has none of its own from a list record; "" if nothing is said. */
+    Record values;
+    /** The records of every list. */
+    std::vector<Record> records;
+    /** The entries of the translation tables, by name. */
+    std::map<std::string, std::vector<std::pair<std::string, std::string>>> translations;
+    /** What QV_Error_Size answers instead of the number of messages. */
+    std::optional<int> errorSize;
+};
+Script& script();
+/** Answers call `number`. */
 void answerCall(std::size_t number, int code, std::vector<Message> messages = {});
 /** Answers every call of `function`. */
 void answer(const std::string& function, int code, std::vector<Message> messages = {});
 /** Has the last call count as failed with these messages, for a check without a call before it. */
 void failLastCall(std::vector<Message> messages);
-/** What QV_Error_Size answers instead of the number of messages. */
-void setErrorSize(int size);
-/** When `function` fills the handle variable; on success if nothing was said. */
-void handOver(const std::string& function, HandOver when);
-/** The value of an attribute of every object that has none of its own from a list record; "" if nothing was
- * said. */
-void setValue(const std::string& path, std::optional<std::string> value);
-/** The records of every list. */
-void setRecords(std::vector<Record> records);
-/** The entries of the translation table `name`. */
-void setTranslations(const std::string& name, std::vector<std::pair<std::string, std::string>> entries);
 
 // What was wrong.
 /**

@@ -55,8 +55,8 @@ void prepare(const Operation& operation)
                            operation.defaults + " unit EA\n" + operation.defaults + " site A\n");
     }
     setenv("QVL_BOM_HEADER_CREATE", "YES", 1); // the fixture takes it back
-    standin::setValue("doc_revision@doc_ctrl_num", "EC-1");
-    standin::setRecords({{}, {{"doc_revision@doc_rev_num", "2"}, {"db_object_id", "4711"}}});
+    standin::script().values["doc_revision@doc_ctrl_num"] = "EC-1";
+    standin::script().records = {{}, {{"doc_revision@doc_rev_num", "2"}, {"db_object_id", "4711"}}};
 }
 
 } // namespace sweep
