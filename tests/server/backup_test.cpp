@@ -4,7 +4,6 @@
 #include <filesystem>
 #include <set>
 
-#include <sqlite3.h>
 #include <unistd.h>
 
 #include <velrzm/qvlocal.h>
@@ -18,7 +17,7 @@ namespace fs = std::filesystem;
 
 class BackupTest : public StoreFileTest {
 protected:
-    static std::size_t changes() { return query("EngineeringChange", {}).size(); }
+    static std::size_t changes() { return query("EngineeringChange").size(); }
     static int save(const std::string& id, const std::string& text = "")
     {
         return Object("EngineeringChange", {{"id", id}, {"desc", text}}).save();
@@ -35,7 +34,7 @@ protected:
         EXPECT_EQ(QV_Logoff(), 0);
         environment.set("QV_STORE", location);
         EXPECT_EQ(logon(), 0) << message();
-        EXPECT_EQ(integrityOf(copy), "ok");
+        EXPECT_EQ(sql(copy, "PRAGMA integrity_check"), "ok");
         return found;
     }
 
@@ -53,38 +52,14 @@ protected:
     static std::string refusal(const std::string& file, qvlocal::Replace replace = qvlocal::Replace::Yes,
                                const std::string& store = location)
     {
+        const auto contentOf = [&] { return fs::is_regular_file(file) ? harness::readFile(file) : ""; };
         const auto before = files();
-        const std::string content = contentOf(file);
-        std::string complaint;
-        try {
-            qvlocal::backUpStore(store, file, replace);
-        } catch (const qvlocal::StoreError& error) {
-            complaint = error.what();
-        }
+        const std::string content = contentOf();
+        const std::string complaint = failureOf([&] { qvlocal::backUpStore(store, file, replace); });
         EXPECT_EQ(files(), before);
-        EXPECT_EQ(contentOf(file), content);
+        EXPECT_EQ(contentOf(), content);
         EXPECT_NE(complaint.find(file), std::string::npos) << complaint;
         return complaint;
-    }
-
-private:
-    static std::string contentOf(const std::string& file)
-    {
-        return fs::is_regular_file(file) ? harness::readFile(file) : "";
-    }
-
-    static std::string integrityOf(const std::string& path)
-    {
-        sqlite3* database = nullptr;
-        std::string answer;
-        const auto take = [](void* text, int, char** values, char**) {
-            *static_cast<std::string*>(text) += values[0];
-            return 0;
-        };
-        sqlite3_open(path.c_str(), &database);
-        sqlite3_exec(database, "PRAGMA integrity_check", take, &answer, nullptr);
-        sqlite3_close(database);
-        return answer;
     }
 };
 
@@ -149,17 +124,14 @@ TEST_F(BackupTest, WhatStandsInTheWayIsToldAndNothingIsLeft)
 
 TEST_F(BackupTest, AFolderThatCannotBeWrittenIsTold)
 {
-    fs::create_directory("locked");
-    fs::permissions("locked", fs::perms::all & ~(fs::perms::owner_write | fs::perms::group_write |
-                                                 fs::perms::others_write));
-    for (const auto& entry : fs::directory_iterator(".")) {
-        if (entry.path() != "./locked") {
-            fs::permissions(entry.path(), fs::perms::all);
-        }
-    }
-    fs::permissions(".", fs::perms::all);
     const bool isRoot = geteuid() == 0; // whom permissions do not bind
     constexpr uid_t nobody = 65534;
+    for (const auto& entry : fs::directory_iterator(".")) {
+        fs::permissions(entry.path(), fs::perms::all);
+    }
+    fs::permissions(".", fs::perms::all);
+    fs::create_directory("locked");
+    fs::permissions("locked", fs::perms(0555));
     ASSERT_TRUE(!isRoot || seteuid(nobody) == 0);
     const std::string complaint = refusal("locked/copy.db");
     ASSERT_TRUE(!isRoot || seteuid(0) == 0);

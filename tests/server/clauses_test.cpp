@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// Lists: what clauses find, in which order, against a plain evaluation of the same conditions.
+// Lists: what clauses find, in which order, against a plain evaluation of the same conditions; and texts that
+// are no clauses.
 #include <algorithm>
 #include <functional>
 #include <map>
@@ -147,14 +148,13 @@ protected:
         return both;
     }
 
-    /** Stores changes, items and affected items with random values and keeps them as plain records, in order
-     * of id. */
+    /** Stores changes, items and affected items with random values, and keeps them as plain records. */
     void fill()
     {
+        std::vector<std::string> changes; // their texts
         for (int i = 0; i < 3; ++i) {
-            const std::string id = "EC" + std::to_string(i);
-            changes_[id] = word();
-            ASSERT_NE(create("EngineeringChange", {{"id", id}, {"desc", changes_[id]}}), "") << message();
+            changes.push_back(word());
+            create("EngineeringChange", {{"id", "EC" + std::to_string(i)}, {"desc", changes.back()}});
         }
         for (int i = 0; i < 40; ++i) {
             Record item = {{"logical_key@item_number", "I" + std::to_string(i)},
@@ -162,48 +162,25 @@ protected:
                            {"description", pick({"", " ", "7", "07", "110", word()})},
                            {"site@note", word()},
                            {"extract_by", pick({"2147483647", "50", "9", "?"})}};
-            const Pairs attributes(item.begin(), item.end());
-            item["insert_by"] = create("ItemEngineeringData", attributes);
+            item["insert_by"] = create("ItemEngineeringData", Pairs(item.begin(), item.end()));
             ASSERT_NE(item["insert_by"], "") << message();
-            items_.push_back(item);
-            for (auto count = random() % 3; count > 0; --count) {
-                Record affected = {{"ec@id", "EC" + std::to_string(count)},
-                                   {"item_number", item["logical_key@item_number"]},
-                                   {"item_status", pick({"A", "B ", "b", word()})}};
-                const Pairs pairs(affected.begin(), affected.end());
-                affected["design_seq_num"] = create("AffectedItem", pairs);
-                ASSERT_NE(affected["design_seq_num"], "") << message();
-                if (trimmed(affected["item_status"]).empty()) {
-                    affected["item_status"] = "WORKING"; // filled in by the server
-                }
-                affected_.push_back(affected);
+            items.push_back(item);
+            for (auto change = random() % 3; change > 0; --change) {
+                const std::string status = pick({"A", "B ", "b", word()});
+                item["ai_obj@design_seq_num"] =
+                    create("AffectedItem", {{"ec@id", "EC" + std::to_string(change)},
+                                            {"item_number", "I" + std::to_string(i)},
+                                            {"item_status", status}});
+                ASSERT_NE(item["ai_obj@design_seq_num"], "") << message();
+                item["ai_obj@item_status"] = trimmed(status).empty() ? "WORKING" : status; // of the server
+                item["ai_obj@ec@desc"] = changes[change];
+                affected.push_back(item);
             }
         }
     }
 
-    /** The items, or a record for each affected item of each item. */
-    std::vector<Record> records(bool related) const
-    {
-        std::vector<Record> all;
-        for (const Record& item : items_) {
-            if (!related) {
-                all.push_back(item);
-            }
-            for (const Record& affected : affected_) {
-                if (related && affected.at("item_number") == item.at("logical_key@item_number")) {
-                    all.push_back(item);
-                    all.back()["ai_obj@item_status"] = affected.at("item_status");
-                    all.back()["ai_obj@design_seq_num"] = affected.at("design_seq_num");
-                    all.back()["ai_obj@ec@desc"] = changes_.at(affected.at("ec@id"));
-                }
-            }
-        }
-        return all;
-    }
-
-    std::map<std::string, std::string> changes_;
-    std::vector<Record> items_;
-    std::vector<Record> affected_;
+    std::vector<Record> items;    // in the order of their ids
+    std::vector<Record> affected; // the items once for each affected item
 };
 
 TEST_F(ClausesTest, RandomFiltersFindWhatAPlainEvaluationFinds)
@@ -228,21 +205,18 @@ TEST_F(ClausesTest, RandomFiltersFindWhatAPlainEvaluationFinds)
 
         const bool related = std::any_of(
             paths.begin(), paths.end(), [](const std::string& path) { return path.rfind("ai_obj", 0) == 0; });
-        std::vector<Record> expected = records(related);
-        expected.erase(std::remove_if(expected.begin(), expected.end(),
-                                      [&](const Record& record) {
-                                          return !std::all_of(
-                                              filters.begin(), filters.end(),
-                                              [&](const Filter& filter) { return filter.holds(record); });
-                                      }),
-                       expected.end());
-        std::stable_sort(expected.begin(), expected.end(), [&](const Record& left, const Record& right) {
-            const auto number = [&](const Record& record) {
-                return isNumberPath(order) && isNumber(record.at(order)) ? std::stoll(record.at(order)) : -1;
-            };
-            return std::make_pair(number(left), trimmed(left.at(order))) <
-                   std::make_pair(number(right), trimmed(right.at(order)));
-        });
+        std::vector<Record> expected;
+        std::copy_if(related ? affected.begin() : items.begin(), related ? affected.end() : items.end(),
+                     std::back_inserter(expected), [&](const Record& record) {
+                         return std::all_of(filters.begin(), filters.end(),
+                                            [&](const Filter& filter) { return filter.holds(record); });
+                     });
+        const auto key = [&](const Record& record) {
+            const std::string& value = record.at(order);
+            return std::pair(isNumberPath(order) && isNumber(value) ? std::stoll(value) : -1, trimmed(value));
+        };
+        std::stable_sort(expected.begin(), expected.end(),
+                         [&](const Record& left, const Record& right) { return key(left) < key(right); });
         Table table;
         for (const Record& record : expected) {
             table.push_back({record.at("insert_by"), record.at(order)});
@@ -255,47 +229,123 @@ TEST_F(ClausesTest, RandomFiltersFindWhatAPlainEvaluationFinds)
 
 TEST_F(ClausesTest, TextsAreBlankPaddedAndQuotesBelongToThem)
 {
-    create("ItemEngineeringData",
-           {{"logical_key@item_number", "A"}, {"item_type", "P"}, {"name", "O'BRIEN"}});
-    create("ItemEngineeringData",
-           {{"logical_key@item_number", "B"}, {"item_type", "PX"}, {"name", "('), ')"}});
-    const auto found = [](const std::string& clause) {
-        std::string items;
+    for (const auto& [number, type, name] :
+         {std::tuple("A", "P", "O'BRIEN"), std::tuple("B", "PX", "('), ')")}) {
+        create("ItemEngineeringData",
+               {{"logical_key@item_number", number}, {"item_type", type}, {"name", name}});
+    }
+    for (const auto& [clause, numbers] :
+         Pairs{{"&=(logical_key@loc_id,' ')", "AB"},
+               {"&LIKE(item_type, 'P %')", "A"},
+               {"&LIKE(item_type, 'P%')", "AB"},
+               {"&LIKE(master_item@control,'1%')", "AB"},
+               {"&=(never@set,'')", "AB"},
+               {"&=(name, 'O'BRIEN')", "A"},
+               {"&=(never@set, 0)", ""},
+               {"&OR(&=(extract_by, 2147483647), &>(extract_by,ai_obj@design_seq_num))", ""}}) {
+        std::string found;
         for (const auto& row :
              query("ItemEngineeringData", {{"Select", "logical_key@item_number"}, {"Where", clause}})) {
-            items += row.at(0);
+            found += row.at(0);
         }
-        return items;
-    };
-    EXPECT_EQ(found("&=(logical_key@loc_id,' ')"), "AB");
-    EXPECT_EQ(found("&LIKE(item_type, 'P %')"), "A");
-    EXPECT_EQ(found("&LIKE(item_type, 'P%')"), "AB");
-    EXPECT_EQ(found("&LIKE(master_item@control,'1%')"), "AB");
-    EXPECT_EQ(found("&=(never@set,'')"), "AB");
-    EXPECT_EQ(found("&=(name, 'O'BRIEN')"), "A");
-    EXPECT_EQ(found("&=(never@set, 0)"), "") << "no number is not 0";
-    EXPECT_EQ(found("&OR(&=(extract_by, 2147483647), &>(extract_by,ai_obj@design_seq_num))"), "")
-        << "neither item is affected by a change";
+        EXPECT_EQ(found, numbers) << clause;
+    }
 }
 
-TEST_F(ClausesTest, WhatDoesNotParseIsRefusedWithItsPlace)
-{
+/** A list of items that is opened whatever clauses were refused before. */
+class RefusedClausesTest : public ServerTest {
+protected:
+    void SetUp() override
+    {
+        ServerTest::SetUp();
+        ASSERT_EQ(QV_Create_List(&list, "ItemEngineeringData"), 0) << message();
+    }
+    int clause(const std::string& kind, const std::string& text)
+    {
+        return QV_Set_Clause(list, kind.c_str(), text.c_str());
+    }
+
     QV_ListHandle list = nullptr;
-    ASSERT_EQ(QV_Create_List(&list, "ItemEngineeringData"), 0);
-    for (const std::string clause :
-         {"", " ", "name='x'", "&=(name,'x'", "&=(name,'x)", "&=(name 'x')", "&=('x',name)", "&=(name,'x')) ",
-          "&=(name,1x)", "&LIKE(name,5)", "&LIKE(name,name)", "&NOT(name,'x')", "&OR(&=(name,'x'))",
-          "&=(@name,'x')", "&=(a@,'x')", "&=(name,)", "&=(name,'x','y')", "&=(name,'x'),&=(name,'y')",
-          "& =(name,'x')"}) {
-        EXPECT_EQ(QV_Set_Clause(list, "Where", clause.c_str()), -113) << clause;
-        EXPECT_NE(message().find("character "), std::string::npos) << message();
+};
+
+TEST_F(RefusedClausesTest, ThePlaceThatDoesNotParseIsTold)
+{
+    for (const auto& [text, place] :
+         std::vector<std::pair<std::string, int>>{{"", 1},
+                                                  {" ", 2},
+                                                  {"name='x'", 1},
+                                                  {"&=(name,'x'", 12},
+                                                  {"&=(name,'x)", 12},
+                                                  {"&=(name 'x')", 9},
+                                                  {"&=('x',name)", 4},
+                                                  {"&=(name,'x')) ", 13},
+                                                  {"&=(name,1x)", 9},
+                                                  {"&LIKE(name,5)", 13},
+                                                  {"&LIKE(name,name)", 16},
+                                                  {"&NOT(name,'x')", 2},
+                                                  {"&OR(&=(name,'x'))", 17},
+                                                  {"&=(@name,'x')", 4},
+                                                  {"&=(a@,'x')", 4},
+                                                  {"&=(name,)", 9},
+                                                  {"&=(name,'x','y')", 12},
+                                                  {"&=(name,'x'),&=(name,'y')", 13},
+                                                  {"& =(name,'x')", 2}}) {
+        EXPECT_TRUE(refused(clause("Where", text), -113, "character " + std::to_string(place) + " ")) << text;
     }
     for (const std::string path : {"", "a b", "a@", "1a", "a;b"}) {
-        EXPECT_EQ(QV_Set_Clause(list, "Select", path.c_str()), -113) << path;
-        EXPECT_EQ(QV_Set_Clause(list, "OrderBy", path.c_str()), -113) << path;
+        EXPECT_EQ(clause("Select", path), -113) << path;
+        EXPECT_EQ(clause("OrderBy", path), -113) << path;
     }
     EXPECT_EQ(QV_Open_List(list), 0) << "what was refused is not part of the list: " << message();
-    EXPECT_EQ(QV_Destroy_List(&list), 0);
+}
+
+TEST_F(RefusedClausesTest, TextsPutTogetherAtRandomAreAnswered)
+{
+    std::vector<std::string> pieces = {"&",  "=",       "LIKE", "OR", "AND", "<=",   "(",     ")", ",",
+                                       "'",  "@",       "1",    "-",  "9.5", "name", "%",     "_", "ec",
+                                       "')", "&OR(&=(", "&=(",  "id", ";--", "\"x",  "ai_obj"};
+    for (int byte = 1; byte < 256; ++byte) {
+        pieces.emplace_back(1, static_cast<char>(byte));
+    }
+    std::mt19937 random(7); // NOLINT(cert-msc32-c,cert-msc51-cpp): the same values at each run
+    int accepted = 0;
+    for (int round = 0; round < 10000; ++round) {
+        std::string text;
+        for (auto count = random() % 12; count > 0; --count) {
+            text += pieces[random() % (round % 2 == 0 ? 25 : pieces.size())];
+        }
+        for (const char* const kind : {"Select", "Where", "OrderBy"}) {
+            const int code = clause(kind, text);
+            ASSERT_TRUE(code == 0 || refused(code, -113, "")) << kind << ' ' << text;
+            accepted += code == 0 ? 1 : 0;
+        }
+        ASSERT_EQ(QV_Open_List(list), 0) << text << ": " << message();
+        ASSERT_EQ(QV_Destroy_List(&list), 0);
+        ASSERT_EQ(QV_Create_List(&list, "ItemEngineeringData"), 0);
+        const int code = Object("EngineeringChange").set(text, text);
+        ASSERT_TRUE(code == 0 || code == -112) << text;
+    }
+    EXPECT_GT(accepted, 100) << "some of the texts must be good for the others to be worth anything";
+}
+
+TEST_F(RefusedClausesTest, WhatIsTooMuchIsRefused)
+{
+    std::string nested = "&=(name,'x')";
+    for (int depth = 0; depth < 10; ++depth) {
+        nested.insert(0, "&OR(&LIKE(name,'y%'),&AND(&LIKE(description,'y'), ").append("))");
+    }
+    EXPECT_EQ(clause("Where", nested), 0) << message();
+    EXPECT_EQ(QV_Open_List(list), 0) << message();
+    for (int depth = 0; depth < 100000; ++depth) {
+        nested.insert(0, "&OR(");
+    }
+    EXPECT_EQ(clause("Where", nested), -113);
+    EXPECT_EQ(clause("Select", std::string(256, 'x')), -113);
+    for (int column = 0; column < 3000; ++column) {
+        ASSERT_EQ(clause("Select", "a" + std::to_string(column)), 0);
+    }
+    EXPECT_LT(QV_Open_List(list), 0) << "more than the database can do is an error like any other";
+    EXPECT_NE(message(), "");
 }
 
 } // namespace

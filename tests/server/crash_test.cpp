@@ -3,12 +3,10 @@
 // Processes that are killed in the middle of their work.
 #include <algorithm>
 #include <array>
-#include <memory>
 #include <random>
 #include <thread>
 
 #include <crypt.h>
-#include <sqlite3.h>
 
 #include "tests/server/server_test.h"
 
@@ -27,20 +25,11 @@ protected:
         StoreFileTest::SetUp();
         const std::string hash = crypt("secret", "$5$rounds=1000$storetest");
         QV_Close_Env();
-        sqlite3_exec(database().get(), ("UPDATE user SET password = '" + hash + "'").c_str(), nullptr,
-                     nullptr, nullptr);
+        sql("store.db", "UPDATE user SET password = '" + hash + "'");
         ServerTest::SetUp();
     }
 
-    using Database = std::unique_ptr<sqlite3, int (*)(sqlite3*)>;
-    static Database database()
-    {
-        sqlite3* opened = nullptr;
-        EXPECT_EQ(sqlite3_open("store.db", &opened), SQLITE_OK);
-        return Database(opened, sqlite3_close);
-    }
-
-    static int stored() { return static_cast<int>(query("EngineeringChange", {}).size()); }
+    static int stored() { return static_cast<int>(query("EngineeringChange").size()); }
 
     /** The commands of a writer: brackets of saves, one after the other. */
     static std::vector<std::string> brackets(const std::string& writer)
@@ -55,18 +44,6 @@ protected:
             commands.emplace_back("commit\n");
         }
         return commands;
-    }
-
-    /** What the database itself finds wrong with the file of the store: "ok" for nothing. */
-    static std::string faultsOfFile()
-    {
-        std::string faults;
-        const auto add = [](void* text, int /*columns*/, char** values, char** /*names*/) {
-            *static_cast<std::string*>(text) += values[0];
-            return 0;
-        };
-        sqlite3_exec(database().get(), "PRAGMA integrity_check", add, &faults, nullptr);
-        return faults;
     }
 };
 
@@ -112,7 +89,7 @@ TEST_F(CrashTest, OfAKilledWriterWholeBracketsAreStoredAndNothingElse)
     }
     EXPECT_EQ(reader.run("stop"), 0) << "sizes that others read in the middle of a bracket";
     EXPECT_GT(storedBefore, 0);
-    EXPECT_EQ(faultsOfFile(), "ok");
+    EXPECT_EQ(sql("store.db", "PRAGMA integrity_check"), "ok");
     EXPECT_EQ(std::count(killedAfter.begin(), killedAfter.end(), 0), 0)
         << "a step in which no writer was killed";
     EXPECT_NE(create("EngineeringChange", {{"id", "AFTER"}}), "") << message();

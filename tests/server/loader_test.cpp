@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
 // Loading options, packages and translation tables from CSV files.
-#include <functional>
-
 #include <velrzm/qvlocal.h>
 
 #include "tests/server/server_test.h"
@@ -23,12 +21,7 @@ protected:
     /** Why the load was refused; "" when it was not. */
     static std::string refusal(Load function, const std::string& content)
     {
-        try {
-            load(function, content);
-        } catch (const qvlocal::StoreError& error) {
-            return error.what();
-        }
-        return "";
+        return failureOf([&] { load(function, content); });
     }
 
     static Table options()
@@ -84,57 +77,54 @@ TEST_F(LoaderTest, RefusesWrongRowsWithFileLineAndReason)
     struct Case {
         Load function;
         std::string content;
-        std::string line;
-        std::string reason;
+        std::string complaint; // begins with the line
     };
+    constexpr Load optionsOf = qvlocal::loadProductOptions;
+    constexpr Load tablesOf = qvlocal::loadTranslationTables;
     const std::string header = "product,feature,variant\n";
-    const std::string good = "P1,F,\"two\nlines\"\n\n"; // lines 2 to 4
+    const std::string good = header + "P1,F,\"two\nlines\"\n\n"; // up to line 4
     const std::vector<Case> cases = {
-        {qvlocal::loadProductOptions, "", "1", "product,feature,variant"},
-        {qvlocal::loadProductOptions, "\n\nP1,F,V\n", "3", "'P1,F,V'"},
-        {qvlocal::loadProductOptions, "product,feature\n", "1", "'product,feature'"},
-        {qvlocal::loadProductOptions, "product,feature,variant,variant\n", "1", "product,feature,variant"},
-        {qvlocal::loadProductOptions, "product,feature,feature\n", "1", "product,feature,variant"},
-        {qvlocal::loadProductPackages, header, "1", "product,package_id"},
-        {qvlocal::loadTranslationTables, header, "1", "table,from,to"},
-        {qvlocal::loadProductOptions, header + good + "P2,F\n", "5", "2 fields instead of 3"},
-        {qvlocal::loadProductOptions, header + good + "P2,F,V,\n", "5", "4 fields instead of 3"},
-        {qvlocal::loadProductOptions, header + good + ",F,V\n", "5", "product is empty"},
-        {qvlocal::loadProductOptions, header + good + "P2,\" \",V\n", "5", "feature is empty"},
-        {qvlocal::loadProductOptions, header + good + "P2,F,\n", "5", "variant is empty"},
-        {qvlocal::loadTranslationTables, "table,from,to\nt,,b\n", "2", "from is empty"},
-        {qvlocal::loadProductOptions, header + good + "P2,F,V\nP2,F,\"V \"\n", "6", "line 5"},
-        {qvlocal::loadTranslationTables, "table,from,to\nt,a,b\nu,a,b\nt,a,c\n", "4", "line 2"},
-        {qvlocal::loadProductOptions, header + good + "P2,F,\"V\"x\n", "5", "quotes"},
-        {qvlocal::loadProductOptions, header + good + "P2,F\"F,V\n", "5", "quotes"},
-        {qvlocal::loadProductOptions, header + good + "P2,F,\"V\nP3,F,V\n", "5", "quotes"},
-        {qvlocal::loadProductOptions, header + good + "P2,F," + std::string(1, '\0') + "\n", "5", "NUL"},
-        {qvlocal::loadProductOptions, header + good + "P2,F," + std::string(4001, 'V') + "\n", "5", "4000"},
+        {optionsOf, "", "1: the file is empty; it begins with the line product,feature,variant"},
+        {optionsOf, "\n\nP1,F,V\n",
+         "3: the first line must name the columns, product,feature,variant, and not be 'P1,F,V'"},
+        {optionsOf, "product,feature\n", "1: the first line must name"},
+        {optionsOf, "product,feature,variant,variant\n", "1: the first line must name"},
+        {optionsOf, "product,feature,feature\n", "1: the first line must name"},
+        {qvlocal::loadProductPackages, header,
+         "1: the first line must name the columns, product,package_id,"},
+        {tablesOf, header, "1: the first line must name the columns, table,from,to,"},
+        {optionsOf, good + "P2,F\n", "5: the row has 2 fields instead of 3"},
+        {optionsOf, good + "P2,F,V,\n", "5: the row has 4 fields instead of 3"},
+        {optionsOf, good + ",F,V\n", "5: the product is empty"},
+        {optionsOf, good + "P2,\" \",V\n", "5: the feature is empty"},
+        {optionsOf, good + "P2,F,\n", "5: the variant is empty"},
+        {tablesOf, "table,from,to\nt,,b\n", "2: the from is empty"},
+        {optionsOf, good + "P2,F,V\nP2,F,\"V \"\n", "6: 'P2,F,V' stands already in line 5"},
+        {tablesOf, "table,from,to\nt,a,b\nu,a,b\nt,a,c\n", "4: 't,a' stands already in line 2"},
+        {optionsOf, good + "P2,F,\"V\"x\n", "5: the quotes"},
+        {optionsOf, good + "P2,F\"F,V\n", "5: the quotes"},
+        {optionsOf, good + "P2,F,\"V\nP3,F,V\n", "5: the quotes"},
+        {optionsOf, good + "P2,F," + std::string(1, '\0') + "\n", "5: the variant contains a NUL"},
+        {optionsOf, good + "P2,F," + std::string(4001, 'V') + "\n",
+         "5: the variant has 4001 characters; at most 4000"},
     };
-    load(qvlocal::loadProductOptions, header + "P1,F,V\n");
+    load(optionsOf, header + "P1,F,V\n");
     for (const Case& wrong : cases) {
-        const std::string text = refusal(wrong.function, wrong.content);
-        EXPECT_EQ(text.rfind("rows.csv:" + wrong.line + ": ", 0), 0U) << text;
-        EXPECT_NE(text.find(wrong.reason), std::string::npos) << text << "\nfor: " << wrong.reason;
+        const std::string told = refusal(wrong.function, wrong.content);
+        EXPECT_EQ(told.rfind("rows.csv:" + wrong.complaint, 0), 0U) << told << "\nfor: " << wrong.complaint;
     }
     EXPECT_EQ(options(), (Table{{"P1", "F", "V"}}));
     EXPECT_TRUE(packages().empty());
     EXPECT_TRUE(entries().empty());
-    EXPECT_EQ(load(qvlocal::loadProductOptions, header + "P2,F," + std::string(4000, 'V')), 1U);
+    EXPECT_EQ(load(optionsOf, header + "P2,F," + std::string(4000, 'V')), 1U);
 }
 
 TEST_F(LoaderTest, RefusesFilesAndStoresThatCannotBeUsed)
 {
-    const auto refusalOf = [](const std::string& store, const std::string& file) -> std::string {
-        try {
-            qvlocal::loadProductOptions(store, file);
-        } catch (const qvlocal::StoreError& error) {
-            return error.what();
-        }
-        return "";
+    const auto refusalOf = [](const std::string& store, const std::string& file) {
+        return failureOf([&] { qvlocal::loadProductOptions(store, file); });
     };
     harness::writeFile("rows.csv", "product,feature,variant\n");
-    EXPECT_EQ(refusalOf(location, "rows.csv"), "");
     EXPECT_EQ(refusalOf(location, "none.csv"), "cannot read none.csv: No such file or directory");
     EXPECT_EQ(refusalOf(location, "."), "cannot read .: Is a directory");
     EXPECT_NE(refusalOf("sqlite:none.db", "rows.csv").find("none.db"), std::string::npos);

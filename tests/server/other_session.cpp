@@ -7,7 +7,6 @@
 #include <map>
 #include <sstream>
 #include <string>
-#include <vector>
 
 #include <poll.h>
 #include <unistd.h>
@@ -15,36 +14,6 @@
 #include <velrzm/qv_sdk.h>
 
 namespace {
-
-void set(QV_ObjectHandle object, const std::string& pair)
-{
-    const auto middle = pair.find('=');
-    QV_Set_Object_Attr(object, pair.substr(0, middle).c_str(), pair.substr(middle + 1).c_str());
-}
-
-int create(const std::string& className, const std::vector<std::string>& pairs)
-{
-    QV_ObjectHandle object = nullptr;
-    QV_Create_Object(&object, className.c_str());
-    for (const std::string& pair : pairs) {
-        set(object, pair);
-    }
-    const int code = QV_Save_Object(object);
-    QV_Destroy_Object(&object);
-    return code;
-}
-
-int change(const std::string& className, const std::vector<std::string>& keyAndAttribute)
-{
-    QV_ObjectHandle object = nullptr;
-    QV_Create_Object(&object, className.c_str());
-    set(object, keyAndAttribute.at(0));
-    QV_Open_Object(object);
-    set(object, keyAndAttribute.at(1));
-    const int code = QV_Save_Object(object);
-    QV_Destroy_Object(&object);
-    return code;
-}
 
 int createAndCheckIn(QV_ObjectHandle document)
 {
@@ -64,21 +33,37 @@ int revise(QV_ObjectHandle document)
     return code;
 }
 
-using VaultCall = int (*)(QV_ObjectHandle);
+const std::map<std::string, int (*)()> callsAlone = {
+    {"start", QV_Start_Multisave}, {"commit", QV_Commit_Multisave}, {"discard", QV_Discard_Multisave}};
+const std::map<std::string, int (*)(QV_ObjectHandle)> callsOnNew = {
+    {"create", QV_Save_Object}, {"create-and-check-in", createAndCheckIn}};
+const std::map<std::string, int (*)(QV_ObjectHandle)> callsOnOpened = {{"change", QV_Save_Object},
+                                                                       {"check-out", QV_CheckOut_Doc},
+                                                                       {"check-in", checkIn},
+                                                                       {"cancel", QV_Cancel_CheckOut_Doc},
+                                                                       {"revise", revise}};
 
-/** Makes the call with a document that is opened by its attributes, or new. */
-int inVault(VaultCall call, const std::vector<std::string>& pairs)
+/** Makes the call with an object that has the attributes, and is opened by those before "with". */
+int callOnObject(const std::string& command, const std::string& className, std::istream& attributes)
 {
-    QV_ObjectHandle document = nullptr;
-    QV_Create_Object(&document, "DocVersion");
-    for (const std::string& pair : pairs) {
-        set(document, pair);
+    QV_ObjectHandle object = nullptr;
+    QV_Create_Object(&object, className.c_str());
+    const auto opening = callsOnOpened.find(command);
+    bool isOpen = opening == callsOnOpened.end();
+    for (std::string word; attributes >> word;) {
+        const auto middle = word.find('=');
+        if (middle == std::string::npos) {
+            isOpen = QV_Open_Object(object) == 0;
+        } else {
+            QV_Set_Object_Attr(object, word.substr(0, middle).c_str(), word.substr(middle + 1).c_str());
+        }
     }
-    if (call != createAndCheckIn) {
-        QV_Open_Object(document);
+    if (!isOpen) {
+        QV_Open_Object(object);
     }
-    const int code = call(document);
-    QV_Destroy_Object(&document);
+    const int code =
+        opening == callsOnOpened.end() ? callsOnNew.at(command)(object) : opening->second(object);
+    QV_Destroy_Object(&object);
     return code;
 }
 
@@ -94,9 +79,11 @@ int sizeOf(const std::string& className)
 }
 
 /** How many of the sizes that it reads until the next command comes are no multiples of `multiple`. */
-int watch(const std::string& className, int multiple)
+int watch(const std::string& className, std::istream& words)
 {
+    int multiple = 0;
     int others = 0;
+    words >> multiple;
     for (pollfd input = {STDIN_FILENO, POLLIN, 0}; poll(&input, 1, 0) == 0;) {
         others += sizeOf(className) % multiple == 0 ? 0 : 1;
     }
@@ -109,34 +96,14 @@ int carryOut(const std::string& line)
     std::string command;
     std::string className;
     words >> command >> className;
-    std::vector<std::string> pairs;
-    for (std::string pair; words >> pair;) {
-        pairs.push_back(pair);
-    }
-    if (command == "start") {
-        return QV_Start_Multisave();
-    }
-    if (command == "commit") {
-        return QV_Commit_Multisave();
-    }
-    if (command == "discard") {
-        return QV_Discard_Multisave();
-    }
-    if (command == "create") {
-        return create(className, pairs);
+    if (const auto alone = callsAlone.find(command); alone != callsAlone.end()) {
+        return alone->second();
     }
     if (command == "watch") {
-        return watch(className, std::stoi(pairs.at(0)));
+        return watch(className, words);
     }
-    const std::map<std::string, VaultCall> vaultCalls = {{"create-and-check-in", createAndCheckIn},
-                                                         {"check-out", QV_CheckOut_Doc},
-                                                         {"check-in", checkIn},
-                                                         {"cancel", QV_Cancel_CheckOut_Doc},
-                                                         {"revise", revise}};
-    if (const auto vaultCall = vaultCalls.find(command); vaultCall != vaultCalls.end()) {
-        return inVault(vaultCall->second, pairs);
-    }
-    return command == "change" ? change(className, pairs) : sizeOf(className);
+    return command == "size" || command == "stop" ? sizeOf(className)
+                                                  : callOnObject(command, className, words);
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #ifndef VELRZM_TESTS_SERVER_SERVER_TEST_H
 #define VELRZM_TESTS_SERVER_SERVER_TEST_H
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
@@ -14,6 +15,7 @@
 #include <sys/types.h>
 
 #include <velrzm/qv_sdk.h>
+#include <velrzm/qvlocal.h>
 
 #include "tests/harness/files.h"
 
@@ -23,11 +25,21 @@ using Pairs = std::vector<std::pair<std::string, std::string>>;
 
 /** The text of the last failure; "" when there was none. */
 std::string message();
+/** Whether a call gave `answer`, which must be `code`, and a message with `told` in it. */
+testing::AssertionResult refused(int answer, int code, const std::string& told);
+/** What a StoreError of `call` says; "" when there is none. */
+std::string failureOf(const std::function<void()>& call);
+
+/** The attributes that tell an item, or a component, from the others. */
+Pairs item(const std::string& number, const std::string& change = "");
+Pairs component(const std::string& parent, const std::string& child, const std::string& sequence,
+                const std::string& change = "");
 
 /** An object handle of its own. */
 class Object {
 public:
-    explicit Object(const std::string& className, const Pairs& attributes = {});
+    explicit Object(const std::string& className, const Pairs& attributes = {},
+                    const std::vector<std::string>& subscribed = {});
     ~Object() { QV_Destroy_Object(&handle_); }
     Object(const Object&) = delete;
     Object& operator=(const Object&) = delete;
@@ -37,6 +49,10 @@ public:
     int open() { return QV_Open_Object(handle_); }
     int save() { return QV_Save_Object(handle_); }
     int remove() { return QV_Delete_Object(handle_); }
+    int createAndCheckIn() { return QV_Create_and_CheckIn_Doc(handle_, 0); }
+    int checkOut() { return QV_CheckOut_Doc(handle_); }
+    int checkIn() { return QV_CheckIn_Doc(handle_, 0); }
+    int cancel() { return QV_Cancel_CheckOut_Doc(handle_); }
     std::string get(const std::string& path) const;
     QV_ObjectHandle handle() const { return handle_; }
 
@@ -51,8 +67,13 @@ std::string read(const std::string& className, const Pairs& keys, const std::str
 
 using Clauses = std::vector<std::pair<std::string, std::string>>; // kind, text
 using Table = std::vector<std::vector<std::string>>;
-/** The rows of a list: of each record the values of all Select clauses. A failure makes the test fail. */
-Table query(const std::string& className, const Clauses& clauses);
+/** The rows of a list: of each record the values of these attributes. */
+Table rowsOf(QV_ListHandle list, const std::vector<std::string>& columns);
+/** The rows of the list that the clauses describe, with the values of all Select clauses. */
+Table query(const std::string& className, const Clauses& clauses = {});
+
+/** What the database answers to a statement about a file, one value behind the other. */
+std::string sql(const std::string& path, const std::string& statement);
 
 /** A user in a process of its own. Every command answers the code of the call that it is named after. */
 class OtherSession {
@@ -62,10 +83,10 @@ public:
     OtherSession(const OtherSession&) = delete;
     OtherSession& operator=(const OtherSession&) = delete;
 
-    /** "start", "commit", "discard", "create CLASS PATH=VALUE ...", "change CLASS KEY=VALUE PATH=VALUE",
-     * "size CLASS"; of the vault "create-and-check-in", "check-out", "check-in", "cancel", "revise",
-     * each with DocVersion PATH=VALUE ...; "watch CLASS N" answers at the next command, and before it: how
-     * many of the sizes of the class that it read meanwhile were no multiples of N. */
+    /** "start", "commit", "discard", "size CLASS"; "create CLASS PATH=VALUE ..."; "change CLASS KEY=VALUE ...
+     * with PATH=VALUE ..."; of the vault "create-and-check-in", "check-out", "check-in", "cancel", "revise",
+     * each with CLASS PATH=VALUE ...; "watch CLASS N" answers at the next command, and before it: how many of
+     * the sizes of the class that it read meanwhile were no multiples of N. */
     int run(const std::string& command) const;
     /** Gives commands, one a line, without waiting for their answers. */
     void send(const std::string& commands) const;
@@ -76,8 +97,7 @@ public:
 
 private:
     pid_t process_ = -1;
-    int input_ = -1;
-    int output_ = -1;
+    int connection_ = -1;
 };
 
 /** A session over a store in memory. */
