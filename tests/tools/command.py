@@ -5,6 +5,7 @@ import io
 import json
 import os
 import pathlib
+import pty
 import subprocess
 import tempfile
 import unittest
@@ -31,10 +32,33 @@ class CommandTest(unittest.TestCase):
             if name in os.environ:
                 self.environment[name] = os.environ[name]
 
+    def file(self, name, text):
+        (self.directory / name).write_text(text, encoding="utf-8")
+        return name
+
     def run_command(self, *arguments, **options):
         return subprocess.run([COMMAND, *arguments], cwd=self.directory, env=self.environment, text=True,
                               stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE, check=False,
                               timeout=60, **options)
+
+    def on_terminal(self, answers, *arguments, program=COMMAND, typed=""):
+        """Runs a program with a terminal of its own and types the answers, each when it is asked for."""
+        child, controller = pty.fork()
+        if child == 0:
+            os.chdir(self.directory)
+            os.execvpe(program, [program, *arguments], self.environment)
+        shown = b""
+        answers = list(answers)
+        os.write(controller, typed.encode())
+        try:
+            while piece := os.read(controller, 65536):
+                shown += piece
+                if answers and shown.endswith(b": "):
+                    os.write(controller, answers.pop(0).encode() + b"\n")
+        except OSError:  # the program has ended
+            pass
+        os.close(controller)
+        return os.waitstatus_to_exitcode(os.waitpid(child, 0)[1]), shown.decode()
 
     def done(self, *arguments):
         """The results of a command that must succeed."""
@@ -42,18 +66,18 @@ class CommandTest(unittest.TestCase):
         self.assertEqual(run.returncode, DONE, f"{arguments}: {run.stderr}")
         return run.stdout
 
-    def refused(self, *arguments):
-        """The complaint of a command that must be refused, without any result."""
+    def not_done(self, status, *arguments):
         run = self.run_command(*arguments)
-        self.assertEqual((run.returncode, run.stdout), (REFUSED, ""), arguments)
+        self.assertEqual((run.returncode, run.stdout), (status, ""), arguments)
         self.assertTrue(run.stderr, arguments)
         return run.stderr
 
+    def refused(self, *arguments):
+        """The complaint of a command that must be refused, without any result."""
+        return self.not_done(REFUSED, *arguments)
+
     def wrong(self, *arguments):
-        run = self.run_command(*arguments)
-        self.assertEqual((run.returncode, run.stdout), (WRONG_USAGE, ""), arguments)
-        self.assertTrue(run.stderr, arguments)
-        return run.stderr
+        return self.not_done(WRONG_USAGE, *arguments)
 
     def json(self, *arguments):
         return json.loads(self.done(*arguments, "--format", "json"))

@@ -1,7 +1,5 @@
 # SPDX-License-Identifier: Apache-2.0
 """Making a store, copying it, and where passwords come from."""
-import os
-import pty
 import resource
 import subprocess
 import threading
@@ -10,30 +8,10 @@ import unittest
 from command import COMMAND, CommandTest, DONE, PASSWORD, REFUSED, WRONG_USAGE
 
 
-class OnTerminal(CommandTest):
-
-    def on_terminal(self, answers, *arguments):
-        """Runs the command with a terminal of its own and types the answers, each when it is asked for."""
-        child, controller = pty.fork()
-        if child == 0:
-            os.chdir(self.directory)
-            os.execve(COMMAND, [COMMAND, *arguments], self.environment)
-        shown = b""
-        answers = list(answers)
-        try:
-            while piece := os.read(controller, 1024):
-                shown += piece
-                if answers and shown.endswith(b": "):
-                    os.write(controller, answers.pop(0).encode() + b"\n")
-        except OSError:  # the program has ended
-            pass
-        os.close(controller)
-        return os.waitstatus_to_exitcode(os.waitpid(child, 0)[1]), shown.decode()
-
-
-class Store(OnTerminal):
+class Store(CommandTest):
 
     def test_init_makes_a_store_once(self):
+        self.assertIn("velrzm init", self.refused("ec", "open", "EC-1"))
         self.assertIn("store.db", self.done("init"))
         before = (self.directory / "store.db").read_bytes()
         complaint = self.refused("init")
@@ -43,51 +21,38 @@ class Store(OnTerminal):
         self.done("ec", "create", "EC-1")
 
     def test_store_option_takes_a_path_and_makes_its_folders(self):
-        for store in ("a/b/c.db", "sqlite:d.db"):
+        for store, path in (("a/b/c.db", "a/b/c.db"), ("sqlite:d.db", "d.db")):
             self.done("init", "--store", store)
-        self.assertTrue((self.directory / "a/b/c.db").is_file())
-        self.assertTrue((self.directory / "d.db").is_file())
-
-    def test_place_that_cannot_be_written(self):
-        (self.directory / "file").write_text("")
-        for place in ("file/store.db", "file/below/store.db", "/proc/store.db", "/proc/below/store.db"):
+            self.assertTrue((self.directory / path).is_file())
+        for place in ("d.db/store.db", "d.db/below/store.db", "/proc/store.db", "/proc/below/store.db"):
             complaint = self.refused("init", "--store", place)
             self.assertIn(place, complaint)
             self.assertIn("--store", complaint)
 
-    def test_missing_store_tells_what_to_do(self):
-        self.assertIn("velrzm init", self.refused("ec", "open", "EC-1"))
-
     def test_password_file_is_preferred(self):
-        (self.directory / "secret").write_text("from the file\nsecond line\n")
+        self.file("secret", "from the file\nsecond line\n")
+        self.file("empty", "\n")
         self.done("init", "--password-file", "secret")
         self.refused("ec", "create", "EC-1")
         self.done("ec", "create", "EC-1", "--password-file", "secret")
-        (self.directory / "empty").write_text("\n")
         for unusable in ("empty", "missing"):
             self.assertIn(unusable, self.wrong("ec", "create", "EC-2", "--password-file", unusable))
 
     def test_password_is_typed_twice_without_echo(self):
         del self.environment["VELRZM_PASSWORD"]
-        status, shown = self.on_terminal([PASSWORD, "another one"], "init")
-        self.assertEqual(status, WRONG_USAGE)
-        self.assertFalse((self.directory / "store.db").exists())
-        status, shown = self.on_terminal([PASSWORD, PASSWORD], "init")
-        self.assertEqual(status, DONE, shown)
-        self.assertNotIn(PASSWORD, shown)
-        self.assertNotIn("assword", self.on_terminal([], "init")[1])  # there is a store already
-        status, shown = self.on_terminal([PASSWORD], "ec", "create", "EC-1")
-        self.assertEqual(status, DONE, shown)
-        self.assertNotIn(PASSWORD, shown)
-
-    def test_without_terminal_and_password(self):
-        del self.environment["VELRZM_PASSWORD"]
-        run = self.run_command("init", start_new_session=True)
+        run = self.run_command("init", start_new_session=True)  # without a terminal
         self.assertEqual(run.returncode, WRONG_USAGE)
         self.assertIn("--password-file", run.stderr)
+        self.assertEqual(self.on_terminal([PASSWORD, "another one"], "init")[0], WRONG_USAGE)
+        self.assertFalse((self.directory / "store.db").exists())
+        for answers, command in (([PASSWORD, PASSWORD], "init"), ([PASSWORD], "ec create EC-1")):
+            status, shown = self.on_terminal(answers, *command.split())
+            self.assertEqual(status, DONE, shown)
+            self.assertNotIn(PASSWORD, shown)
+        self.assertNotIn("assword", self.on_terminal([], "init")[1])  # there is a store already
 
 
-class Backup(OnTerminal):
+class Backup(CommandTest):
 
     def setUp(self):
         super().setUp()
@@ -98,27 +63,21 @@ class Backup(OnTerminal):
         objects = {row["place"]: row["state"] for row in self.csv("doctor", "--store", store) if row["subject"] == "objects"}
         return int(objects["EngineeringChange"])
 
-    def files(self):
-        return {path.name for path in self.directory.iterdir() if not path.name.startswith("store.db-")}
-
     def fill(self):
         """Makes the store so large that it is copied in pieces."""
         rows = "".join(f"1,P-{i},{'x' * 1000}\n" for i in range(2000))
-        (self.directory / "parts.csv").write_text("level,item_number,remark\n" + rows)
+        self.file("parts.csv", "level,item_number,remark\n" + rows)
         self.done("ec", "create", "EC-1")
         self.done("import", "parts.csv", "--ec", "EC-1", "--attributes", "--top", "TOP")
 
     def test_copies_hold_whole_brackets_while_others_write(self):
         self.fill()
-        (self.directory / "bracket").write_text("".join(f"ec create EC-@{i}\n" for i in range(9)))
-        bracket = (self.directory / "bracket").read_text()
         runs = []
 
         def write():
             for number in range(6):
-                name = f"bracket-{number}"
-                (self.directory / name).write_text(bracket.replace("@", f"{number}-"))
-                runs.append(self.run_command("batch", name, "--multi-save"))
+                bracket = "".join(f"ec create EC-{number}-{i}\n" for i in range(9))
+                runs.append(self.run_command("batch", self.file(f"bracket-{number}", bracket), "--multi-save"))
 
         writer = threading.Thread(target=write)
         writer.start()
@@ -147,9 +106,10 @@ class Backup(OnTerminal):
         self.done("backup", "copy.db", "--force")
         self.done("ec", "open", "EC-1", "--store", "copy.db")
 
-    def test_what_fails_leaves_no_file(self):
+    def test_what_fails_leaves_no_file_and_progress_is_for_terminals(self):
         self.fill()
-        before = self.files()
+        files = lambda: {path.name for path in self.directory.iterdir() if not path.name.startswith("store.db-")}
+        before = files()
         small = resource.getrlimit(resource.RLIMIT_FSIZE)[1]
         limit = lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (200_000, small))  # as on a full disk
         run = self.run_command("backup", "copy.db", preexec_fn=limit)
@@ -158,10 +118,7 @@ class Backup(OnTerminal):
         for place in ("missing/copy.db", "/proc/copy.db", "store.db"):
             self.assertIn(place, self.refused("backup", place, "--force"))
         self.assertIn("velrzm init", self.refused("backup", "copy.db", "--store", "missing.db"))
-        self.assertEqual(self.files(), before)
-
-    def test_progress_is_for_terminals(self):
-        self.fill()
+        self.assertEqual(files(), before)
         status, shown = self.on_terminal([], "backup", "copy.db")
         self.assertEqual(status, DONE)
         self.assertRegex(shown, r"\[#+ +\] \d+ of \d+ KB")
