@@ -1,79 +1,23 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// Bills of material, product configuration and translation tables through the operations of the library, with
-// the local server behind them.
-#include <array>
-#include <functional>
-#include <string>
-#include <vector>
-
-#include <gtest/gtest.h>
-
+// Bills of material, product configuration and translation tables.
 #include <velrzm/qvlocal.h>
-#include <velrzm/velrzm.h>
 
-#include "tests/harness/files.h"
-#include "tests/harness/texts.h"
+#include "tests/flows/flow_test.h"
 
+namespace flowtest {
 namespace {
 
-using harness::Names;
-using harness::Text;
-using Table = std::vector<std::vector<std::string>>;
-
-constexpr const char* store = "sqlite:store.db";
-
-std::string value(const std::string& name, int record = 0)
-{
-    std::array<char, QV_MAX_VALUE_LENGTH + 1> text = {};
-    EXPECT_EQ(GetValue(record, name.c_str(), text.data(), text.size()), 1) << name;
-    return text.data();
-}
-
-/** What the current result has under these names. */
-Table result(const std::vector<std::string>& names)
-{
-    Table rows;
-    for (int record = 0; record < entries; ++record) {
-        rows.emplace_back();
-        for (const std::string& name : names) {
-            rows.back().push_back(value(name, record));
-        }
-    }
-    return rows;
-}
-
-std::vector<std::string> texts(VELListValVELUnicodeString& list)
-{
-    std::vector<std::string> all;
-    for (int position = 1; position <= list.Size(); ++position) {
-        all.emplace_back(list[position].CastToCharPtr());
-    }
-    return all;
-}
-
-/** A user at work on a pump in an empty directory with a store of its own. */
-class ProductStructureFlow : public testing::Test {
+/** A user at work on a pump. */
+class ProductStructure : public FlowTest {
 protected:
     void SetUp() override
     {
-        environment.set("QV_STORE", store);
-        for (const char* const name : {"RZM_DEFAULT_DIRECTORY", "QV_MULTI_SAVE", "QVL_BOM_HEADER_CREATE"}) {
-            environment.set(name, std::nullopt);
-        }
-        environment.set("QVL_TRACE_LEVEL", "0");
-        qvlocal::initializeStore(store, "jdoe", "secret");
-        ASSERT_EQ(QvConnect("jdoe", "secret"), 1);
-        ASSERT_EQ(EngineeringChangeCreate("EC-1", "First pump", "", "", "jdoe"), 1);
+        FlowTest::SetUp();
         for (const std::string number : {"PUMP", "HOUSING", "ROTOR", "SCREW"}) {
-            VELListValVELUnicodeString none;
-            ASSERT_EQ(ItemCreate(Text("EC-1"), Text(number), Text(number + " name"), Text("PART"), none, none,
-                                 none),
-                      1)
-                << number;
+            ASSERT_EQ(createItem("EC-1", number, number + " name"), 1) << number;
         }
     }
-    void TearDown() override { QvExit(); }
 
     static int createLine(const std::string& parent, const std::string& child, const std::string& sequence,
                           const std::vector<std::string>& names = {})
@@ -88,17 +32,13 @@ protected:
         EXPECT_GE(QV_RC, 0);
         return result(names);
     }
-    /** What a use that is to be refused, with the result 0, tells the user. */
-    static std::string refusal(const std::function<int()>& use)
-    {
-        return harness::captureOutput([&] { EXPECT_EQ(use(), 0); });
-    }
 
-    harness::TemporaryDirectory directory;
-    harness::Environment environment;
+    VELListValVELUnicodeString first;
+    VELListValVELUnicodeString second;
+    VELListValVELUnicodeString third;
 };
 
-TEST_F(ProductStructureFlow, AHeaderIsMadeOnceAndThenOpened)
+TEST_F(ProductStructure, AHeaderIsMadeOnceAndThenOpened)
 {
     Text change("ec-1");
     Text item("pump");
@@ -117,7 +57,7 @@ TEST_F(ProductStructureFlow, AHeaderIsMadeOnceAndThenOpened)
     EXPECT_NE(value("db_object_id"), id);
 }
 
-TEST_F(ProductStructureFlow, TheLinesOfAPumpAreExplodedDepthFirst)
+TEST_F(ProductStructure, TheLinesOfAPumpAreExplodedDepthFirst)
 {
     ASSERT_EQ(createLine("PUMP", "ROTOR", "100"), 1);
     ASSERT_EQ(createLine("PUMP", "HOUSING", "20"), 1);
@@ -146,8 +86,7 @@ TEST_F(ProductStructureFlow, TheLinesOfAPumpAreExplodedDepthFirst)
     };
     EXPECT_NE(refusal(explodeValve).find("'VALVE'"), std::string::npos);
 
-    VELListValVELUnicodeString names;
-    names.Append("logical_key@item_number");
+    auto names = textList({"logical_key@item_number"});
     EXPECT_EQ(ComponentOpen(Text(id), Text("EC-1"), names), 1);
     EXPECT_EQ(value("logical_key@item_number"), "ROTOR");
     EXPECT_EQ(ComponentDelete(Text(id), Text("EC-1"), Text("ROTOR"), Text("SCREW"), Text("10")), 0);
@@ -156,7 +95,7 @@ TEST_F(ProductStructureFlow, TheLinesOfAPumpAreExplodedDepthFirst)
     EXPECT_EQ(explode({"item_number"}, {"ROTOR"}, {"comp_seq_nm"}), (Table{{"10"}}));
 }
 
-TEST_F(ProductStructureFlow, AComponentReferenceIsStoredOnce)
+TEST_F(ProductStructure, AComponentReferenceIsStoredOnce)
 {
     ASSERT_EQ(createLine("PUMP", "SCREW", "10"), 1);
     const auto save = [](const std::string& sequence, const std::string& reference) {
@@ -185,7 +124,7 @@ TEST_F(ProductStructureFlow, AComponentReferenceIsStoredOnce)
     EXPECT_EQ(ComponentReferenceDelete(Text(next), Text("EC-1")), 0);
 }
 
-TEST_F(ProductStructureFlow, AnItemReferenceIsStoredAndDeleted)
+TEST_F(ProductStructure, AnItemReferenceIsStoredAndDeleted)
 {
     const auto create = [](const std::string& change) {
         return ItemReferenceCreate(Text(change), Text("pump"), Text("doc-1"), Text("A"), Text("OID-7"),
@@ -203,7 +142,7 @@ TEST_F(ProductStructureFlow, AnItemReferenceIsStoredAndDeleted)
     EXPECT_EQ(create("ec-1"), 1);
 }
 
-TEST_F(ProductStructureFlow, LoadedOptionsAndPackagesAreListed)
+TEST_F(ProductStructure, LoadedOptionsAndPackagesAreListed)
 {
     harness::writeFile("options.csv",
                        "product,feature,variant\nP2,COLOR,RED\nP1,SEAL,STEEL\nP1,COLOR,BLUE\n");
@@ -211,40 +150,36 @@ TEST_F(ProductStructureFlow, LoadedOptionsAndPackagesAreListed)
     EXPECT_EQ(qvlocal::loadProductOptions(store, "options.csv"), 3U);
     EXPECT_EQ(qvlocal::loadProductPackages(store, "packages.csv"), 3U);
 
-    VELListValVELUnicodeString first;
-    VELListValVELUnicodeString second;
-    VELListValVELUnicodeString third;
     ASSERT_EQ(ProductOptionQuery("", first, second, third), 3);
-    EXPECT_EQ(texts(first), (std::vector<std::string>{"P1", "P1", "P2"}));
-    EXPECT_EQ(texts(second), (std::vector<std::string>{"COLOR", "SEAL", "COLOR"}));
-    EXPECT_EQ(texts(third), (std::vector<std::string>{"BLUE", "STEEL", "RED"}));
+    EXPECT_EQ(texts(first), (Row{"P1", "P1", "P2"}));
+    EXPECT_EQ(texts(second), (Row{"COLOR", "SEAL", "COLOR"}));
+    EXPECT_EQ(texts(third), (Row{"BLUE", "STEEL", "RED"}));
     ASSERT_EQ(ProductOptionQuery("P2", first, second, third), 1);
-    EXPECT_EQ(texts(third), (std::vector<std::string>{"RED"}));
+    EXPECT_EQ(texts(third), (Row{"RED"}));
     ASSERT_EQ(ProductPackageQuery("P1", first, second, third), 2);
-    EXPECT_EQ(texts(second), (std::vector<std::string>{"BASE", "SPORT"}));
-    EXPECT_EQ(texts(third), std::vector<std::string>());
+    EXPECT_EQ(texts(second), (Row{"BASE", "SPORT"}));
+    EXPECT_EQ(texts(third), Row());
     EXPECT_EQ(ProductPackageQuery("P3", first, second, third), 0);
-    EXPECT_EQ(texts(first), std::vector<std::string>());
+    EXPECT_EQ(texts(first), Row());
 }
 
-TEST_F(ProductStructureFlow, LoadedTranslationTablesAreRead)
+TEST_F(ProductStructure, LoadedTranslationTablesAreRead)
 {
     harness::writeFile("tables.csv",
                        "table,from,to\nUNITS,kg,KGM\nUNITS,each,\nUNITS,\"a,b\",AB\nOTHER,x,y\n");
     EXPECT_EQ(qvlocal::loadTranslationTables(store, "tables.csv"), 4U);
     harness::writeFile("My_QVL_RZM_DEFAULT", "XlatRead Unit UNITS\nXlatRead Lost NOWHERE\n");
 
-    VELListValVELUnicodeString from;
-    VELListValVELUnicodeString to;
-    for (int round = 0; round < 2; ++round) {
-        ASSERT_EQ(round == 0 ? XlatRead("Unit", from, to) : XlatRead2("UNITS", from, to), 3);
+    for (const bool byDefaults : {true, false}) {
+        ASSERT_EQ(byDefaults ? XlatRead("Unit", first, second) : XlatRead2("UNITS", first, second), 3);
         EXPECT_EQ(QV_RC, 0);
-        EXPECT_EQ(texts(from), (std::vector<std::string>{"kg", "each", "a,b"}));
-        EXPECT_EQ(texts(to), (std::vector<std::string>{"KGM", "", "AB"}));
+        EXPECT_EQ(texts(first), (Row{"kg", "each", "a,b"}));
+        EXPECT_EQ(texts(second), (Row{"KGM", "", "AB"}));
     }
-    EXPECT_NE(refusal([&] { return XlatRead("Lost", from, to); }).find("'NOWHERE'"), std::string::npos);
-    EXPECT_EQ(XlatRead("Nothing", from, to), 0);
-    EXPECT_EQ(texts(from), std::vector<std::string>());
+    EXPECT_NE(refusal([&] { return XlatRead("Lost", first, second); }).find("'NOWHERE'"), std::string::npos);
+    EXPECT_EQ(XlatRead("Nothing", first, second), 0);
+    EXPECT_EQ(texts(first), Row());
 }
 
 } // namespace
+} // namespace flowtest
