@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 #include <random>
+#include <regex>
 #include <set>
 
 #include "tests/server/server_test.h"
@@ -20,28 +21,16 @@ std::string trimmed(const std::string& text)
     return text.substr(0, text.find_last_not_of(' ') + 1);
 }
 
-/** As the server's LIKE, by trying everything. */
-bool matches(const std::string& value, std::size_t at, const std::string& pattern, std::size_t next)
+/** What the server's LIKE finds in a text that blanks are added to. */
+std::regex expressionOf(const std::string& pattern)
 {
-    if (next == pattern.size()) {
-        return at == value.size() || value.find_first_not_of(' ', at) == std::string::npos;
+    const std::map<char, std::string> special = {{'%', ".*"}, {'_', "."}, {'(', "\\("}};
+    std::string expression;
+    for (const char sign : pattern) {
+        const auto found = special.find(sign);
+        expression += found == special.end() ? std::string(1, sign) : found->second;
     }
-    if (pattern[next] == '%') {
-        return matches(value, at, pattern, next + 1) ||
-               (at < value.size() && matches(value, at + 1, pattern, next));
-    }
-    return at < value.size() && (pattern[next] == '_' || pattern[next] == value[at]) &&
-           matches(value, at + 1, pattern, next + 1);
-}
-
-bool like(const std::string& value, const std::string& pattern)
-{
-    for (std::size_t blanks = 0; blanks <= pattern.size(); ++blanks) {
-        if (matches(trimmed(value) + std::string(blanks, ' '), 0, pattern, 0)) {
-            return true;
-        }
-    }
-    return false;
+    return std::regex(expression + " *");
 }
 
 /** A condition as its text and as a plain function. */
@@ -116,8 +105,12 @@ protected:
         }
         case 2: {
             const std::string pattern = word() + pick({"", "%", " %", "_"});
+            const std::regex expression = expressionOf(pattern);
+            const std::string blanks(pattern.size(), ' ');
             return {"&LIKE(" + path + ", '" + pattern + "')",
-                    [=](const Record& record) { return like(record.at(path), pattern); },
+                    [=](const Record& record) {
+                        return std::regex_match(trimmed(record.at(path)) + blanks, expression);
+                    },
                     {path}};
         }
         default: {

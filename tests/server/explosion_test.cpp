@@ -155,6 +155,7 @@ TEST_F(RandomStructureTest, IsExplodedAsByAPlainWalkAndNeverContainsItself)
         ASSERT_EQ(logon(), 0);
         lines.clear();
         store(items);
+        ASSERT_EQ(round % 2 == 0 ? 0 : QV_Start_Multisave(), 0); // which sees its own saves
         for (int i = 0; i < 60; ++i) {
             const Line line = {anyOf(items), anyOf(items), anyOf({"10", "9", "2", "010", "1.5", "-3", "100"}),
                                anyOf({"", "EC1", "EC2"})};
@@ -236,18 +237,6 @@ TEST_F(ExplosionTest, ListsAnItemAtEachOccurrence)
     EXPECT_EQ(rows[levels], (std::vector<std::string>{"12", "L11", "L12", "2"}));
     EXPECT_EQ(rows[rows.size() / 2], (std::vector<std::string>{"1", "L0", "L1", "2"}));
     EXPECT_EQ(rows.back(), rows[levels]);
-}
-
-TEST_F(ExplosionTest, SeesTheSavesOfAnOpenMultiSave)
-{
-    store({"A", "B", "C"}, {{"A", "B", "1"}});
-    ASSERT_EQ(QV_Start_Multisave(), 0);
-    ASSERT_EQ(save({"B", "C", "1"}), 0);
-    EXPECT_EQ(save({"C", "A", "1"}), cycle);
-    EXPECT_EQ(explode({{"item_number", "A"}}, {}).size(), 2U);
-    ASSERT_EQ(QV_Discard_Multisave(), 0);
-    EXPECT_EQ(explode({{"item_number", "A"}}, {}).size(), 1U);
-    EXPECT_EQ(save({"C", "A", "1"}), 0) << message();
 }
 
 TEST_F(ExplosionTest, AChangeOfALineMustNotCloseACycle)

@@ -2,7 +2,6 @@
 """Making a store, copying it, and where passwords come from."""
 import resource
 import subprocess
-import threading
 import unittest
 
 from command import COMMAND, CommandTest, DONE, PASSWORD, REFUSED, WRONG_USAGE
@@ -63,35 +62,6 @@ class Backup(CommandTest):
         objects = {row["place"]: row["state"] for row in self.csv("doctor", "--store", store) if row["subject"] == "objects"}
         return int(objects["EngineeringChange"])
 
-    def fill(self):
-        """Makes the store so large that it is copied in pieces."""
-        rows = "".join(f"1,P-{i},{'x' * 1000}\n" for i in range(2000))
-        self.file("parts.csv", "level,item_number,remark\n" + rows)
-        self.done("ec", "create", "EC-1")
-        self.done("import", "parts.csv", "--ec", "EC-1", "--attributes", "--top", "TOP")
-
-    def test_copies_hold_whole_brackets_while_others_write(self):
-        self.fill()
-        runs = []
-
-        def write():
-            for number in range(6):
-                bracket = "".join(f"ec create EC-{number}-{i}\n" for i in range(9))
-                runs.append(self.run_command("batch", self.file(f"bracket-{number}", bracket), "--multi-save"))
-
-        writer = threading.Thread(target=write)
-        writer.start()
-        copies = []
-        while writer.is_alive() or not copies:
-            copies.append(f"copy-{len(copies)}.db")
-            self.done("backup", copies[-1])
-        writer.join()
-        self.assertEqual([run.returncode for run in runs], [DONE] * 6)
-        counts = [self.changes_in(copy) - 1 for copy in copies]
-        self.assertEqual([count % 9 for count in counts], [0] * len(counts))
-        self.assertEqual(counts, sorted(counts))
-        self.assertEqual(self.changes_in("store.db"), 6 * 9 + 1)
-
     def test_open_multi_save_is_not_in_the_copy(self):
         writer = subprocess.Popen([COMMAND, "batch", "-", "--multi-save"], cwd=self.directory, env=self.environment,
                                   text=True, stdin=subprocess.PIPE, stdout=subprocess.PIPE)
@@ -107,7 +77,10 @@ class Backup(CommandTest):
         self.done("ec", "open", "EC-1", "--store", "copy.db")
 
     def test_what_fails_leaves_no_file_and_progress_is_for_terminals(self):
-        self.fill()
+        rows = "".join(f"1,P-{i},{'x' * 1000}\n" for i in range(2000))  # so many that they are copied in pieces
+        self.file("parts.csv", "level,item_number,remark\n" + rows)
+        self.done("ec", "create", "EC-1")
+        self.done("import", "parts.csv", "--ec", "EC-1", "--attributes", "--top", "TOP")
         files = lambda: {path.name for path in self.directory.iterdir() if not path.name.startswith("store.db-")}
         before = files()
         small = resource.getrlimit(resource.RLIMIT_FSIZE)[1]
