@@ -135,6 +135,8 @@ TEST_F(ObjectsTest, AnItemIsOpenedAtAChange)
     ASSERT_EQ(affected.save(), 0) << message();
     EXPECT_EQ(affected.get("il_ec_number"), "") << "the change asked at does not become the record's own";
     EXPECT_EQ(affected.get("ai_obj@ec@id"), "EC2");
+    create("AffectedItem", {{"ec@id", "EC3"}, {"item_number", "A"}});
+    EXPECT_EQ(query("AffectedItem", {{"Select", "pln_rev_level"}}), (Table{{"1"}, {"2"}}));
 }
 
 TEST_F(ObjectsTest, AnItemGetsItsBomHeaderAndItsUnitFlag)
