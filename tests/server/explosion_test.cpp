@@ -66,9 +66,14 @@ struct Line {
     std::string change = {};
 };
 
+Pairs keysOf(const Line& line)
+{
+    return component(line.parent, line.child, line.sequence, line.change);
+}
+
 int save(const Line& line)
 {
-    return Object("Component", component(line.parent, line.child, line.sequence, line.change)).save();
+    return Object("Component", keysOf(line)).save();
 }
 
 const std::vector<std::string> structureColumns = {"level", "item_number", "comp_item_number", "comp_seq_nm"};
@@ -160,15 +165,18 @@ TEST_F(RandomStructureTest, IsExplodedAsByAPlainWalkAndNeverContainsItself)
             const Line line = {anyOf(items), anyOf(items), anyOf({"10", "9", "2", "010", "1.5", "-3", "100"}),
                                anyOf({"", "EC1", "EC2"})};
             const bool closesCycle = reaches(line.child, line.parent);
+            const bool isKnown = std::any_of(
+                lines.begin(), lines.end(), [&](const Line& known) { return keysOf(known) == keysOf(line); });
             const int code = save(line);
             if (closesCycle) {
                 ASSERT_EQ(code, cycle);
                 checkCycle(line);
                 ++refusals;
-            } else if (code == 0) {
-                lines.push_back(line);
             } else {
-                ASSERT_EQ(code, QV_ALREADY_STORED) << message();
+                ASSERT_EQ(code, isKnown ? QV_ALREADY_STORED : 0) << message();
+            }
+            if (code == 0) {
+                lines.push_back(line);
             }
         }
         for (const std::string& top : items) {
