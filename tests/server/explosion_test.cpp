@@ -92,8 +92,8 @@ class ExplosionTest : public ServerTest {};
 
 class StoredCycleTest : public StoreFileTest {};
 
-/** Lines among some items, made up at random, beside a plain list of them. */
-class RandomStructureTest : public ServerTest {
+/** Lines beside a plain list of them. */
+class StructureTest : public ServerTest {
 protected:
     std::mt19937 random{1}; // NOLINT(cert-msc32-c,cert-msc51-cpp): the same lines at each run
     std::vector<std::string> items = {"I0", "I1", "I2", "I3", "I4", "I5", "I6", "I7", "I8"};
@@ -149,9 +149,19 @@ protected:
         }
         return rows;
     }
+
+    /** Compares the explosion with the walk; tells of how many rows they are. */
+    std::size_t compareWithWalk(const std::string& top, const std::string& change, int maxLevel) const
+    {
+        const Pairs parameters = {
+            {"item_number", top}, {"ec_number", change}, {"max_level", std::to_string(maxLevel)}};
+        const Table expected = walk(top, change, maxLevel);
+        EXPECT_EQ(explode(parameters, structureColumns), expected);
+        return expected.size();
+    }
 };
 
-TEST_F(RandomStructureTest, IsExplodedAsByAPlainWalkAndNeverContainsItself)
+TEST_F(StructureTest, IsExplodedAsByAPlainWalkAndNeverContainsItself)
 {
     int refusals = 0;
     std::size_t rowsSeen = 0;
@@ -182,17 +192,33 @@ TEST_F(RandomStructureTest, IsExplodedAsByAPlainWalkAndNeverContainsItself)
         for (const std::string& top : items) {
             for (const std::string change : {"", "EC1"}) {
                 for (const int maxLevel : {0, 1, 2, 3}) {
-                    const Pairs parameters = {
-                        {"item_number", top}, {"ec_number", change}, {"max_level", std::to_string(maxLevel)}};
-                    const Table expected = walk(top, change, maxLevel);
-                    ASSERT_EQ(explode(parameters, structureColumns), expected);
-                    rowsSeen += expected.size();
+                    rowsSeen += compareWithWalk(top, change, maxLevel);
                 }
             }
         }
     }
     EXPECT_GT(refusals, 50);
     EXPECT_GT(rowsSeen, 1000U);
+}
+
+/** So many items of a level are looked for in another order, and those without lines not at all. */
+TEST_F(StructureTest, ThatIsWideIsExplodedAsByAPlainWalk)
+{
+    constexpr int assemblies = 1100;
+    items = {"TOP", "PART", "BOLT", "ELSEWHERE"};
+    lines = {{"PART", "BOLT", "5"}, {"ELSEWHERE", "BOLT", "1"}};
+    for (int place = 0; place < assemblies; ++place) {
+        items.push_back("ASSEMBLY-" + std::to_string(place * 617 % assemblies));
+        lines.push_back({"TOP", items.back(), std::to_string(place), place % 5 == 0 ? "EC1" : ""});
+        if (place % 3 == 0) {
+            lines.push_back({items.back(), "PART", "20", place % 2 == 0 ? "EC1" : ""});
+            lines.push_back({items.back(), "BOLT", "10", "EC1"});
+        }
+    }
+    store(items, lines);
+    EXPECT_EQ(compareWithWalk("TOP", "", 0), 2201U);
+    compareWithWalk("TOP", "", 2);
+    compareWithWalk("TOP", "EC1", 0);
 }
 
 TEST_F(ExplosionTest, SortsNumbersBeforeOtherTextsAndEqualOnesByAge)
