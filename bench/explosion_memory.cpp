@@ -46,12 +46,31 @@ void* operator new(std::size_t size)
     }
     throw std::bad_alloc();
 }
+void* operator new(std::size_t size, std::align_val_t alignment)
+{
+    void* memory = nullptr;
+    const std::size_t least = std::max(static_cast<std::size_t>(alignment), sizeof(void*));
+    if (posix_memalign(&memory, least, size == 0 ? 1 : size) != 0) {
+        throw std::bad_alloc();
+    }
+    held += sizeOf(memory);
+    peak = std::max(peak, held);
+    return memory;
+}
 void operator delete(void* memory) noexcept
 {
     held -= sizeOf(memory);
     std::free(memory);
 }
 void operator delete(void* memory, std::size_t /*size*/) noexcept
+{
+    operator delete(memory);
+}
+void operator delete(void* memory, std::align_val_t /*alignment*/) noexcept
+{
+    operator delete(memory);
+}
+void operator delete(void* memory, std::size_t /*size*/, std::align_val_t /*alignment*/) noexcept
 {
     operator delete(memory);
 }

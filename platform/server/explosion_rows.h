@@ -13,6 +13,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/server/arena.h"
 #include "platform/server/rows.h"
 
 namespace qvserver {
@@ -49,7 +50,8 @@ private:
 
     Rows lines_;
     std::vector<Column> columns_;
-    std::deque<Occurrence> occurrences_;
+    Arena memory_; // of the occurrences
+    std::pmr::deque<Occurrence> occurrences_{&memory_};
     std::vector<std::string> levels_; // as texts
 };
 

@@ -14,6 +14,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/server/arena.h"
+
 namespace qvserver {
 
 /** Rows that can be read, however they are kept. */
@@ -31,34 +33,6 @@ public:
     virtual const char* value(std::size_t row, std::size_t column) const noexcept = 0;
 };
 
-/** Texts one behind the other in blocks of memory, which are never moved, however many follow. */
-class Texts {
-public:
-    /** A copy of the text, ended by a NUL; valid as long as the texts. */
-    const char* add(std::string_view text)
-    {
-        if (blocks_.empty() || blocks_.back().capacity() - blocks_.back().size() <= text.size()) {
-            addBlock(text.size() + 1);
-        }
-        std::string& block = blocks_.back();
-        const std::size_t place = block.size();
-        block.append(text).push_back('\0');
-        return block.data() + place;
-    }
-
-private:
-    /** The first block is small, since most lists are. */
-    void addBlock(std::size_t atLeast)
-    {
-        constexpr std::size_t smallest = 1024;
-        constexpr std::size_t doublings = 6;
-        const std::size_t size = smallest << std::min(blocks_.size(), doublings);
-        blocks_.emplace_back().reserve(std::max(size, atLeast));
-    }
-
-    std::deque<std::string> blocks_;
-};
-
 /** Rows of texts. Nothing is copied while they grow, and little memory is taken ahead. */
 class Rows final : public RowSet {
 public:
@@ -71,7 +45,12 @@ public:
 
     /** Begins a row; its values follow with `append`, one for each column. */
     void beginRow() { ++size_; }
-    void append(std::string_view value) { values_.push_back(texts_.add(value)); }
+    void append(std::string_view value)
+    {
+        auto* const text = static_cast<char*>(memory_.allocate(value.size() + 1, alignof(char)));
+        *std::copy(value.begin(), value.end(), text) = '\0';
+        values_.push_back(text);
+    }
 
     std::size_t size() const noexcept override { return size_; }
     bool empty() const noexcept { return size_ == 0; }
@@ -88,11 +67,11 @@ public:
     }
 
 private:
+    Arena memory_; // of the values and their texts
     std::map<std::string, std::size_t, std::less<>> columns_;
     std::size_t width_;
     std::size_t size_ = 0;
-    std::deque<const char*> values_; // of all rows, one behind the other
-    Texts texts_;
+    std::pmr::deque<const char*> values_{&memory_}; // of all rows, one behind the other
 };
 
 } // namespace qvserver

@@ -16,12 +16,15 @@ constexpr std::size_t objectsOfAQuestion = 8;
 /** So that few values share the bit of a stored one, and all bits stay in the cache of the processor. */
 constexpr std::size_t bitsOfAnObject = 2;
 
-/** The first characters of a text as a number that is as far up as the text is in the order. */
-std::uint64_t headOf(std::string_view text) noexcept
+/** The first characters of a text as numbers that are in the order of the texts. */
+SqliteLookup::Head headOf(std::string_view text) noexcept
 {
-    std::uint64_t head = 0;
-    for (std::size_t index = 0; index < sizeof head; ++index) {
-        head = head << 8 | (index < text.size() ? static_cast<unsigned char>(text[index]) : 0);
+    SqliteLookup::Head head = {};
+    std::size_t index = 0;
+    for (std::uint64_t& part : head) {
+        for (std::size_t end = index + sizeof part; index < end; ++index) {
+            part = part << 8U | (index < text.size() ? static_cast<unsigned char>(text[index]) : 0U);
+        }
     }
     return head;
 }
@@ -51,10 +54,8 @@ void SqliteLookup::find(const std::vector<std::string_view>& values, Rows& rows,
         }
     }
     if (questions_.size() >= manyQuestions) {
-        std::sort(questions_.begin(), questions_.end(), [&](const Question& left, const Question& right) {
-            return left.head != right.head ? left.head < right.head
-                                           : values[left.place] < values[right.place];
-        });
+        std::sort(questions_.begin(), questions_.end(),
+                  [](const Question& left, const Question& right) { return left.head < right.head; });
     }
     for (const Question& question : questions_) {
         const std::size_t firstRow = rows.size();

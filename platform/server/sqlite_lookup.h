@@ -6,6 +6,7 @@
 #ifndef VELRZM_PLATFORM_SERVER_SQLITE_LOOKUP_H
 #define VELRZM_PLATFORM_SERVER_SQLITE_LOOKUP_H
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -21,15 +22,18 @@ namespace qvserver {
 
 class SqliteLookup : public Lookup {
 public:
+    /** The first 16 characters of a text, as numbers. */
+    using Head = std::array<std::uint64_t, 2>;
+
     /** Looks for values of the attribute `path`. */
     SqliteLookup(SqliteDatabase& database, Query query, std::string_view path);
 
     void find(const std::vector<std::string_view>& values, Rows& rows, const Answer& answer) override;
 
 private:
-    /** A value to look for. */
+    /** A value to look for. Its head alone puts it in order, so that sorting reads no texts. */
     struct Question {
-        std::uint64_t head; // of the text, since most texts differ there
+        Head head;
         std::size_t place;
     };
 

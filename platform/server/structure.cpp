@@ -14,7 +14,7 @@ constexpr std::size_t sequenceColumn = 1;
 } // namespace
 
 /** Numbers come before other texts, and what was stored first before the rest. */
-bool Structure::SortedLine::operator<(const SortedLine& other) const noexcept
+bool Structure::SortedLine::operator<(const SortedLine& other) const
 {
     const auto real = [](const Number& any) {
         return std::visit([](auto plain) { return static_cast<long double>(plain); }, any);
@@ -30,7 +30,8 @@ bool Structure::SortedLine::operator<(const SortedLine& other) const noexcept
     return text != other.text ? text < other.text : id < other.id;
 }
 
-Structure::Structure(std::string_view topItem, Rows& values) : topItem_(topItem), values_(values), items_(1)
+Structure::Structure(std::string_view topItem, Rows& values)
+    : topItem_(topItem), values_(values), items_(1, &memory_)
 {
     index_.find(index_.hash(topItem), top, [](std::uint32_t /*item*/) { return false; });
 }

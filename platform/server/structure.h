@@ -12,6 +12,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/server/arena.h"
 #include "platform/server/rows.h"
 #include "platform/server/store.h"
 #include "platform/server/text.h"
@@ -60,7 +61,7 @@ private:
         std::uint32_t row;
         std::uint32_t hash;
 
-        bool operator<(const SortedLine& other) const noexcept;
+        bool operator<(const SortedLine& other) const;
     };
     struct Item {
         std::uint32_t namedIn = 0; // the row that named it first; none for the top
@@ -76,8 +77,9 @@ private:
     std::string_view topItem_;
     Rows& values_;
     TextIndex index_;
-    std::deque<Item> items_;
-    std::deque<Line> lines_;
+    Arena memory_; // of the items and lines
+    std::pmr::deque<Item> items_;
+    std::pmr::deque<Line> lines_{&memory_};
     std::vector<SortedLine> sorted_; // of the item that was read last
 };
 

@@ -13,6 +13,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/server/arena.h"
+
 namespace qvserver {
 
 /** Numbers of texts, found by the text. It keeps hashes only; its user knows the texts. */
@@ -58,7 +60,7 @@ private:
     void grow()
     {
         constexpr std::size_t firstSize = 64; // a power of two, as all sizes are
-        std::vector<Slot> larger(std::max(firstSize, 2 * slots_.size()));
+        std::pmr::vector<Slot> larger(std::max(firstSize, 2 * slots_.size()), &largePages());
         for (const Slot& old : slots_) {
             std::size_t place = old.hash & (larger.size() - 1);
             while (old.number != none && larger[place].number != none) {
@@ -71,7 +73,8 @@ private:
         slots_ = std::move(larger);
     }
 
-    std::vector<Slot> slots_; // never full, each number as near behind the place of its hash as was free
+    std::pmr::vector<Slot> slots_{
+        &largePages()}; // never full, each number as near behind the place of its hash as was free
     std::size_t size_ = 0;
 };
 
