@@ -38,9 +38,13 @@ TEST_F(ReturnCodes, ZeroAndPositiveCodesAreSuccess)
     for (const int code : {0, 3, INT_MAX}) {
         const std::string number = std::to_string(code);
         storiesOf([&] { return use(code, 1); })
-            .tell("\n5 ItemOpen QV_Set_Object_Attr id A-100: QV_RC=" + number +
-                  ".\nlog ItemOpen- rc(QV_Set_Object_Attr::id=A-100) = " + number +
-                  "\n= 0 FromList= entries=0 LastRecNo=0 QV_RC=" + number + " SelectedAttribute=[]\n");
+            .tell(std::string("\n5 ItemOpen QV_Set_Object_Attr id A-100: QV_RC=")
+                      .append(number)
+                      .append(".\nlog ItemOpen- rc(QV_Set_Object_Attr::id=A-100) = ")
+                      .append(number)
+                      .append("\n= 0 FromList= entries=0 LastRecNo=0 QV_RC=")
+                      .append(number)
+                      .append(" SelectedAttribute=[]\n"));
         EXPECT_EQ(lastError(), version);
     }
 }

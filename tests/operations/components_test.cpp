@@ -252,7 +252,7 @@ TEST_F(ItemReferences, TheQueryDoesNothing)
     connect(9);
     record([] { return create("EC-1"); });
     QV_RC = -5;
-    QV_ObjectHandle const object = QV_ObjPtr;
+    const void* const object = QV_ObjPtr;
     Text text("br-1");
     EXPECT_EQ(record([&] { return ItemReferenceQuery(text, text, text, nullptr, nullptr); }).story, story(R"(
 = 0 FromList=Object entries=1 LastRecNo=-1 QV_RC=-5 SelectedAttribute=[item_ref_xref]

@@ -159,7 +159,7 @@ TEST_F(DocumentRevision, TheBuffersAreWrittenAsSoonAsTheRevisionIsFound)
     begin();
     setControlNumber("EC-1");
     ASSERT_EQ(revise("EC-1").result, 1);
-    const std::vector<standin::Call> clean = standin::calls();
+    const std::vector<standin::Call> clean(standin::calls().begin(), standin::calls().end());
     bool found = false;
     for (std::size_t number = 1; number <= clean.size(); ++number) {
         const standin::Call& failed = clean[number - 1];

@@ -55,7 +55,7 @@ protected:
         const auto contentOf = [&] { return fs::is_regular_file(file) ? harness::readFile(file) : ""; };
         const auto before = files();
         const std::string content = contentOf();
-        const std::string complaint = failureOf([&] { qvlocal::backUpStore(store, file, replace); });
+        std::string complaint = failureOf([&] { qvlocal::backUpStore(store, file, replace); });
         EXPECT_EQ(files(), before);
         EXPECT_EQ(contentOf(), content);
         EXPECT_NE(complaint.find(file), std::string::npos) << complaint;

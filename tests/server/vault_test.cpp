@@ -375,7 +375,8 @@ TEST_F(VaultOfTwoTest, RandomCallsAreAnsweredAsByTheModel)
             isNew ? revisionPath + "=1"
                   : "db_object_id=" + query("DocVersion", {{"Select", "db_object_id"}}).at(index).at(0);
         ASSERT_EQ(isDropped ? user.run("start") : 0, 0);
-        ASSERT_EQ(user.run(call + " DocVersion " + of), expected) << "step " << step << ": " << call;
+        ASSERT_EQ(user.run(std::string(call).append(" DocVersion ").append(of)), expected)
+            << "step " << step << ": " << call;
         if (isDropped) {
             ASSERT_EQ(user.run("size DocVersion"), static_cast<int>(model.versions.size()))
                 << "step " << step;
