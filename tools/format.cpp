@@ -68,7 +68,7 @@ std::string oneLine(std::string value)
     return value;
 }
 
-/** The blank at the end of an attribute line keeps the line end out of its last word. */
+/** In the form that PrintList reads, which takes the first word of a value. */
 std::string printListText(const Records& records)
 {
     std::string text = "Print list of velrzm\nObjects printed: " + std::to_string(records.rows.size()) + "\n";
