@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <utility>
+
 #include "tests/harness/library_test.h"
 
 using namespace harness;
@@ -51,6 +53,17 @@ TEST_F(Logging, DoesNothingWhileTheAccessLogIsClosed)
     connect();
     captureOutput([] { QvExit(); });
     EXPECT_EQ(log(logSomething).story, log([] {}).story);
+}
+
+TEST_F(Logging, WithoutAnAccessLogCallsAreTracedAllTheSame)
+{
+    connect(5);
+    const auto start = [] { return record([] { return MultiSaveStart(); }).output; };
+    const std::string logged = start();
+    std::FILE* const file = std::exchange(QVL_Log_File, nullptr);
+    EXPECT_NE(logged.find(" QV_Start_MultiSave "), std::string::npos) << logged;
+    EXPECT_EQ(start(), logged);
+    QVL_Log_File = file;
 }
 
 /** A log that counts the writes that reach it. */
