@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/harness/story.h"
 
+#include <algorithm>
 #include <iostream>
+#include <iterator>
 #include <sstream>
 #include <stdexcept>
 #include <streambuf>
@@ -100,7 +102,8 @@ private:
 std::string state(int result)
 {
     std::string names;
-    for (int slot = 0; slot < NbSelectedAttribute; ++slot) {
+    const int slots = std::min(NbSelectedAttribute, static_cast<int>(std::size(SelectedAttribute)));
+    for (int slot = 0; slot < slots; ++slot) {
         names += (slot == 0 ? "" : ", ") + std::string(SelectedAttribute[slot]);
     }
     return "= " + std::to_string(result) + " FromList=" + FromList + " entries=" + std::to_string(entries) +
