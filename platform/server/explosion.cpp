@@ -76,11 +76,12 @@ public:
                 continue;
             }
             const Structure::Line& line = structure_.line(step.next++);
-            if (isOnPath_[line.item]) {
+            const bool isLeaf = line.item == Structure::leaf;
+            if (!isLeaf && isOnPath_[line.item]) {
                 failWithCycle(line.item);
             }
             addRow(line);
-            if (maxLevel == 0 || path_.size() < maxLevel) {
+            if (!isLeaf && (maxLevel == 0 || path_.size() < maxLevel)) {
                 enter(line.item);
             }
         }
@@ -110,7 +111,7 @@ private:
                  " has more than ", rows_.size(), " rows, more than a list can hold; set ",
                  maxLevelParameter);
         }
-        rows_.append(line.row, path_.size());
+        rows_.append(line.values, path_.size());
     }
 
     /** `again` is on the path and the component of a line at its end. */
@@ -188,8 +189,9 @@ std::shared_ptr<const RowSet> ExplosionReport::generate(Store& store) const
         fail(Failure::NotFound, "there is no item ", inQuotes(top), " to explode");
     }
     const std::size_t maxLevel = levelLimit(valueOf(parameters_, maxLevelParameter));
-    Structure structure(top, rows->lines());
-    structure.read(*store.lookup(std::move(lines), columnNames[0].path), maxLevel);
+    const auto lookup = store.lookup(std::move(lines), columnNames[0].path);
+    Structure structure(top, *lookup, rows->lines());
+    structure.read(maxLevel);
     Walk(structure, *rows).run(maxLevel);
     transaction.commit();
     return rows;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// The rows of an explosion. However often a line occurs, its values are kept once; an occurrence takes eight
+// The rows of an explosion. However often a line occurs, its values are kept once; an occurrence takes twelve
 // bytes.
 #ifndef VELRZM_PLATFORM_SERVER_EXPLOSION_ROWS_H
 #define VELRZM_PLATFORM_SERVER_EXPLOSION_ROWS_H
@@ -30,9 +30,10 @@ public:
 
     /** The values of the lines. */
     Rows& lines() noexcept { return lines_; }
-    void append(std::uint32_t line, std::size_t level);
+    /** Appends an occurrence of a line, by the row of its values. */
+    void append(Rows::Row line, std::size_t level);
 
-    std::size_t size() const noexcept override { return occurrences_.size(); }
+    std::size_t size() const noexcept override { return linesOfRows_.size(); }
     std::optional<std::size_t> column(std::string_view path) const override;
     const char* value(std::size_t row, std::size_t column) const noexcept override;
 
@@ -43,15 +44,12 @@ private:
         std::string name;
         std::size_t lineColumn;
     };
-    struct Occurrence {
-        std::uint32_t line;
-        std::uint32_t level;
-    };
 
     Rows lines_;
     std::vector<Column> columns_;
-    Arena memory_; // of the occurrences
-    std::pmr::deque<Occurrence> occurrences_{&memory_};
+    Arena memory_; // of the occurrences: what they are of, and where
+    std::pmr::deque<Rows::Row> linesOfRows_{&memory_};
+    std::pmr::deque<std::uint32_t> levelsOfRows_{&memory_};
     std::vector<std::string> levels_; // as texts
 };
 

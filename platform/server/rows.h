@@ -33,9 +33,12 @@ public:
     virtual const char* value(std::size_t row, std::size_t column) const noexcept = 0;
 };
 
-/** Rows of texts. Nothing is copied while they grow, and little memory is taken ahead. */
+/** Rows of texts. Nothing is copied or moved while they grow, and little memory is taken ahead. */
 class Rows final : public RowSet {
 public:
+    /** The values of a row, one for each column. */
+    using Row = const char* const*;
+
     explicit Rows(const std::vector<std::string>& columns) : width_(columns.size())
     {
         for (std::size_t column = 0; column < width_; ++column) {
@@ -44,16 +47,20 @@ public:
     }
 
     /** Begins a row; its values follow with `append`, one for each column. */
-    void beginRow() { ++size_; }
+    void beginRow()
+    {
+        next_ = static_cast<const char**>(memory_.allocate(width_ * sizeof *next_, alignof(const char*)));
+        rows_.push_back(next_);
+    }
     void append(std::string_view value)
     {
         auto* const text = static_cast<char*>(memory_.allocate(value.size() + 1, alignof(char)));
         *std::copy(value.begin(), value.end(), text) = '\0';
-        values_.push_back(text);
+        *next_++ = text;
     }
 
-    std::size_t size() const noexcept override { return size_; }
-    bool empty() const noexcept { return size_ == 0; }
+    std::size_t size() const noexcept override { return rows_.size(); }
+    bool empty() const noexcept { return rows_.empty(); }
     std::size_t width() const noexcept { return width_; }
 
     std::optional<std::size_t> column(std::string_view path) const override
@@ -61,17 +68,18 @@ public:
         const auto found = columns_.find(path);
         return found == columns_.end() ? std::nullopt : std::optional(found->second);
     }
+    Row row(std::size_t row) const noexcept { return rows_[row]; }
     const char* value(std::size_t row, std::size_t column) const noexcept override
     {
-        return values_[row * width_ + column];
+        return rows_[row][column];
     }
 
 private:
-    Arena memory_; // of the values and their texts
+    Arena memory_; // of the rows, each with its texts behind it
     std::map<std::string, std::size_t, std::less<>> columns_;
     std::size_t width_;
-    std::size_t size_ = 0;
-    std::pmr::deque<const char*> values_{&memory_}; // of all rows, one behind the other
+    std::pmr::deque<Row> rows_{&memory_};
+    const char** next_ = nullptr; // of the values of the last row
 };
 
 } // namespace qvserver

@@ -14,20 +14,7 @@ constexpr std::size_t manyQuestions = 1000;
 /** Reading the attribute of so many objects costs about as much as looking for one value. */
 constexpr std::size_t objectsOfAQuestion = 8;
 /** So that few values share the bit of a stored one, and all bits stay in the cache of the processor. */
-constexpr std::size_t bitsOfAnObject = 2;
-
-/** The first characters of a text as numbers that are in the order of the texts. */
-SqliteLookup::Head headOf(std::string_view text) noexcept
-{
-    SqliteLookup::Head head = {};
-    std::size_t index = 0;
-    for (std::uint64_t& part : head) {
-        for (std::size_t end = index + sizeof part; index < end; ++index) {
-            part = part << 8U | (index < text.size() ? static_cast<unsigned char>(text[index]) : 0U);
-        }
-    }
-    return head;
-}
+constexpr std::size_t bitsOfAnObject = 8;
 
 Query withIdFor(Query query, std::string_view path)
 {
@@ -44,40 +31,52 @@ SqliteLookup::SqliteLookup(SqliteDatabase& database, Query query, std::string_vi
       sql_(sqlOf(withIdFor(std::move(query), path))), statement_(database.use(sql_))
 {}
 
-void SqliteLookup::find(const std::vector<std::string_view>& values, Rows& rows, const Answer& answer)
+void SqliteLookup::expect(std::size_t values)
 {
-    prepareFor(values.size());
-    questions_.clear();
-    for (std::size_t place = 0; place < values.size(); ++place) {
-        if (mayBeStored(values[place])) {
-            questions_.push_back({headOf(values[place]), place});
-        }
+    if (!stored_.empty() || values < manyQuestions) {
+        return;
     }
+    if (!mostObjects_) {
+        // The largest id, which is there at once, instead of a count, which is not.
+        auto last = database_.use("SELECT MAX(db_object_id) FROM " + table_);
+        last->step();
+        mostObjects_ = static_cast<std::size_t>(last->integer(0));
+    }
+    if (*mostObjects_ <= objectsOfAQuestion * values) {
+        readStored(*mostObjects_);
+    }
+}
+
+void SqliteLookup::find(Rows& rows, const Answer& answer)
+{
     if (questions_.size() >= manyQuestions) {
         std::sort(questions_.begin(), questions_.end(),
                   [](const Question& left, const Question& right) { return left.head < right.head; });
     }
     for (const Question& question : questions_) {
+        if (&question != &questions_.back()) {
+            __builtin_prefetch((&question + 1)->value.data());
+        }
         const std::size_t firstRow = rows.size();
-        findOne(values[question.place], rows);
+        findOne(question.value, rows);
         if (!ids_.empty()) {
-            answer(question.place, firstRow, ids_);
+            answer(question.key, firstRow, ids_);
         }
     }
+    questions_.clear();
 }
 
-void SqliteLookup::prepareFor(std::size_t questions)
+/** The first characters of a text as numbers that are in the order of the texts. */
+SqliteLookup::Head SqliteLookup::headOf(std::string_view text) noexcept
 {
-    if (!stored_.empty() || questions < manyQuestions) {
-        return;
+    Head head = {};
+    std::size_t index = 0;
+    for (std::uint64_t& part : head) {
+        for (std::size_t end = index + sizeof part; index < end; ++index) {
+            part = part << 8U | (index < text.size() ? static_cast<unsigned char>(text[index]) : 0U);
+        }
     }
-    // The largest id, which is there at once, instead of a count, which is not.
-    auto last = database_.use("SELECT MAX(db_object_id) FROM " + table_);
-    last->step();
-    const auto mostObjects = static_cast<std::size_t>(last->integer(0));
-    if (mostObjects <= objectsOfAQuestion * questions) {
-        readStored(mostObjects);
-    }
+    return head;
 }
 
 void SqliteLookup::readStored(std::size_t mostObjects)
@@ -85,7 +84,7 @@ void SqliteLookup::readStored(std::size_t mostObjects)
     stored_.resize(bitsOfAnObject * mostObjects + 1);
     auto value = database_.use("SELECT DISTINCT " + sqlName(path_) + " FROM " + table_);
     while (value->step()) {
-        stored_[bitOf(value->text(0))] = true;
+        stored_[hashOf(value->text(0)) % stored_.size()] = true;
     }
 }
 
@@ -98,11 +97,6 @@ void SqliteLookup::findOne(std::string_view value, Rows& rows)
         statement_->appendTo(rows);
         ids_.push_back(statement_->integer(static_cast<int>(rows.width())));
     }
-}
-
-std::size_t SqliteLookup::bitOf(std::string_view value) const noexcept
-{
-    return std::hash<std::string_view>()(withoutTrailingBlanks(value)) % stored_.size();
 }
 
 } // namespace qvserver

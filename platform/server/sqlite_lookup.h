@@ -9,10 +9,12 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "platform/server/arena.h"
 #include "platform/server/query.h"
 #include "platform/server/query_sql.h"
 #include "platform/server/sqlite_database.h"
@@ -28,32 +30,38 @@ public:
     /** Looks for values of the attribute `path`. */
     SqliteLookup(SqliteDatabase& database, Query query, std::string_view path);
 
-    void find(const std::vector<std::string_view>& values, Rows& rows, const Answer& answer) override;
+    void expect(std::size_t values) override;
+    bool mayFind(std::uint32_t hash) const noexcept override
+    {
+        return stored_.empty() || stored_[hash % stored_.size()];
+    }
+    void ask(std::string_view value, std::uint32_t key) override
+    {
+        questions_.push_back({headOf(value), value, key});
+    }
+    void find(Rows& rows, const Answer& answer) override;
 
 private:
     /** A value to look for. Its head alone puts it in order, so that sorting reads no texts. */
     struct Question {
         Head head;
-        std::size_t place;
+        std::string_view value;
+        std::uint32_t key;
     };
 
-    void prepareFor(std::size_t questions);
+    static Head headOf(std::string_view text) noexcept;
     void readStored(std::size_t mostObjects);
     void findOne(std::string_view value, Rows& rows);
-    bool mayBeStored(std::string_view value) const noexcept
-    {
-        return stored_.empty() || stored_[bitOf(value)];
-    }
-    std::size_t bitOf(std::string_view value) const noexcept;
 
     SqliteDatabase& database_;
     std::string path_;
     std::string table_;
     Sql sql_;
     SqliteDatabase::Use statement_;
-    std::vector<bool> stored_;        // set for the values that are stored; empty when they were not read
-    std::vector<Question> questions_; // of a call, in the order in which they are asked
-    std::vector<std::int64_t> ids_;   // of the value that was looked for last
+    std::optional<std::size_t> mostObjects_; // that can be stored, once it is known
+    std::vector<bool> stored_; // set for the values that are stored; empty when they were not read
+    std::pmr::vector<Question> questions_{&largePages()};
+    std::vector<std::int64_t> ids_; // of the value that was looked for last
 };
 
 } // namespace qvserver

@@ -24,25 +24,29 @@ enum class Access { Read, Write };
 /** Whether a change of an object counts as a save of it. */
 enum class Count { Save, Nothing };
 
-/** A query that is asked for many values of one attribute. It belongs in one transaction. */
+/**
+ * A query that is asked for many values of one attribute, in the order that costs least: many values at once cost
+ * less than one after the other. It belongs in one transaction.
+ */
 class Lookup {
 public:
-    /** Told that a value, by its place among those asked for, has the rows from `firstRow` on, and the ids of
-     * their objects. */
+    /** Told that a value, by its key, has the rows from `firstRow` on, and the ids of their objects. */
     using Answer =
-        std::function<void(std::size_t place, std::size_t firstRow, const std::vector<std::int64_t>& ids)>;
+        std::function<void(std::uint32_t key, std::size_t firstRow, const std::vector<std::int64_t>& ids)>;
 
     Lookup() = default;
     Lookup(const Lookup&) = delete;
     Lookup& operator=(const Lookup&) = delete;
     virtual ~Lookup() = default;
 
-    /**
-     * Appends to `rows` what is found for the values, and tells of each value that has something, in the order
-     * that costs least: many values at once cost less than one after the other. The values must stay where
-     * they are while `rows` grows.
-     */
-    virtual void find(const std::vector<std::string_view>& values, Rows& rows, const Answer& answer) = 0;
+    /** Told how many values there are to look for. With many it pays to read first which ones are stored. */
+    virtual void expect(std::size_t values) = 0;
+    /** False when no value with that `hashOf` is stored: it need not be asked for. */
+    virtual bool mayFind(std::uint32_t hash) const noexcept = 0;
+    /** Takes a value to look for. It must stay where it is until it is found. */
+    virtual void ask(std::string_view value, std::uint32_t key) = 0;
+    /** Appends to `rows` what is found for the values asked for, and tells of each one that has something. */
+    virtual void find(Rows& rows, const Answer& answer) = 0;
 };
 
 /** Told how many bytes of how many are copied; it may throw to end the copying. */

@@ -30,33 +30,36 @@ bool Structure::SortedLine::operator<(const SortedLine& other) const
     return text != other.text ? text < other.text : id < other.id;
 }
 
-Structure::Structure(std::string_view topItem, Rows& values)
-    : topItem_(topItem), values_(values), items_(1, &memory_)
+Structure::Structure(std::string_view topItem, Lookup& lookup, Rows& values)
+    : topItem_(topItem), lookup_(lookup), values_(values)
 {
-    index_.find(index_.hash(topItem), top, [](std::uint32_t /*item*/) { return false; });
+    const std::uint32_t hash = hashOf(topItem);
+    index_.find(hash, top, [](std::uint32_t /*item*/) { return false; });
+    items_.push_back({hash});
 }
 
-void Structure::read(Lookup& lookup, std::size_t maxLevel)
+void Structure::read(std::size_t maxLevel)
 {
     std::uint32_t first = top; // of the items that no higher level has
     for (std::size_t level = 0; first < size() && (maxLevel == 0 || level < maxLevel); ++level) {
         const auto end = static_cast<std::uint32_t>(size());
-        readLevel(first, end, lookup);
+        readLevel(first, end);
         first = end;
     }
 }
 
-void Structure::readLevel(std::uint32_t first, std::uint32_t end, Lookup& lookup)
+void Structure::readLevel(std::uint32_t first, std::uint32_t end)
 {
-    std::vector<std::string_view> itemNumbers;
-    itemNumbers.reserve(end - first);
     for (std::uint32_t item = first; item < end; ++item) {
-        itemNumbers.push_back(itemNumber(item));
+        if (lookup_.mayFind(items_[item].hash)) {
+            lookup_.ask(itemNumber(item), item);
+        }
     }
-    lookup.find(itemNumbers, values_,
-                [&](std::size_t place, std::size_t firstRow, const std::vector<std::int64_t>& ids) {
-                    addLines(items_[first + place], firstRow, ids);
-                });
+    lookup_.find(values_,
+                 [&](std::uint32_t item, std::size_t firstRow, const std::vector<std::int64_t>& ids) {
+                     addLines(items_[item], firstRow, ids);
+                     lookup_.expect(size() - end);
+                 });
 }
 
 void Structure::addLines(Item& item, std::size_t firstRow, const std::vector<std::int64_t>& ids)
@@ -65,25 +68,30 @@ void Structure::addLines(Item& item, std::size_t firstRow, const std::vector<std
     auto row = static_cast<std::uint32_t>(firstRow);
     for (const std::int64_t id : ids) {
         const std::string_view sequence = withoutTrailingBlanks(values_.value(row, sequenceColumn));
-        sorted_.push_back({parseNumber(sequence), sequence, id, row, index_.hash(componentIn(row))});
+        const std::uint32_t hash = hashOf(componentIn(row));
+        index_.fetch(hash);
+        sorted_.push_back({parseNumber(sequence), sequence, id, row, hash});
         ++row;
     }
     std::sort(sorted_.begin(), sorted_.end());
     item.firstLine = static_cast<std::uint32_t>(lines_.size());
     for (const SortedLine& line : sorted_) {
-        lines_.push_back({line.row, componentOf(line.row, line.hash)});
+        lines_.push_back({values_.row(line.row), itemOf(line.row, line.hash)});
     }
     item.endOfLines = static_cast<std::uint32_t>(lines_.size());
 }
 
-std::uint32_t Structure::componentOf(std::uint32_t row, std::uint32_t hash)
+std::uint32_t Structure::itemOf(std::uint32_t row, std::uint32_t hash)
 {
+    if (!lookup_.mayFind(hash)) {
+        return leaf;
+    }
     const std::string_view component = componentIn(row);
     const auto next = static_cast<std::uint32_t>(size());
     const auto item =
         index_.find(hash, next, [&](std::uint32_t known) { return component == itemNumber(known); });
     if (item == next) {
-        items_.push_back({row});
+        items_.push_back({hash, row});
     }
     return item;
 }

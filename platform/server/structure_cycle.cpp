@@ -37,7 +37,8 @@ public:
     {
         const std::string item = found_[next_++];
         Rows rows({to_});
-        lookup_->find({item}, rows, [](auto&&...) {});
+        lookup_->ask(item, 0);
+        lookup_->find(rows, [](auto&&...) {});
         for (std::size_t row = 0; row < rows.size(); ++row) {
             std::string neighbour(withoutTrailingBlanks(rows.value(row, 0)));
             if (cameFrom_.emplace(neighbour, item).second) {

@@ -20,15 +20,12 @@ namespace qvserver {
 /** Numbers of texts, found by the text. It keeps hashes only; its user knows the texts. */
 class TextIndex {
 public:
-    /** The hash to find `text` with. Its place in memory is fetched meanwhile: hash some texts, then find them.
-     */
-    std::uint32_t hash(std::string_view text) const noexcept
+    /** Has the place of a hash fetched from memory meanwhile: fetch some, then find them. */
+    void fetch(std::uint32_t hash) const noexcept
     {
-        const auto hash = static_cast<std::uint32_t>(std::hash<std::string_view>()(text));
         if (!slots_.empty()) {
             __builtin_prefetch(&slots_[hash & (slots_.size() - 1)]);
         }
-        return hash;
     }
     /** The number of the text that has that hash, `next` when it has none yet; `isText(number)` tells whether a
      * number is that of the text. */
