@@ -66,7 +66,7 @@ void* Arena::do_allocate(std::size_t size, std::size_t alignment)
 
 void Arena::addBlock(std::size_t atLeast)
 {
-    const std::size_t size = std::max(atLeast, std::clamp(taken_, smallestBlock, largePage));
+    const std::size_t size = std::max(atLeast, std::clamp(taken_ / 2, smallestBlock, largePage));
     blocks_.reserve(blocks_.size() + 1);
     free_ = largePages().allocate(size);
     left_ = size;

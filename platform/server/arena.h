@@ -18,7 +18,7 @@ std::pmr::memory_resource& largePages() noexcept;
 
 /**
  * Gives out pieces one behind the other and takes all of them back at its end. The first block is small, since
- * most lists are; each further one is as large as all before, up to a large page.
+ * most lists are; each further one is half as large as all before, up to a large page.
  */
 class Arena final : public std::pmr::memory_resource {
 public:
