@@ -1,9 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <array>
+
 #include "tests/harness/library_test.h"
 
 using namespace harness;
 
 namespace {
+
+// What the library starts with, taken before any test.
+const char kindAtLoad = FromList[0];
+const std::array numbersAtLoad = {QV_RC,           entries, LastRecNo, LastAttNo, NbSelectedAttribute,
+                                  MultiSaveStarted};
 
 class CurrentResult : public LibraryTest {
 protected:
@@ -19,6 +26,12 @@ TEST_F(CurrentResult, HasRoomForTheTextsThatProgramsKnow)
 {
     EXPECT_EQ(sizeof FromList, 10U);
     EXPECT_EQ(sizeof SelectedAttribute, 2500U);
+}
+
+TEST_F(CurrentResult, IsEmptyAtLoad)
+{
+    EXPECT_EQ(kindAtLoad, '\0');
+    EXPECT_EQ(numbersAtLoad, (std::array{0, 0, 0, 0, 0, 0}));
 }
 
 TEST_F(CurrentResult, DestroyListOrReportLeavesTheRestOfTheResult)

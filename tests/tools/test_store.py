@@ -32,7 +32,7 @@ class Store(CommandTest):
         self.file("secret", "from the file\nsecond line\n")
         self.file("empty", "\n")
         self.done("init", "--password-file", "secret")
-        self.refused("ec", "create", "EC-1")
+        self.assertIn("wrong password", self.refused("ec", "create", "EC-1"))  # the server's own words
         self.done("ec", "create", "EC-1", "--password-file", "secret")
         for unusable in ("empty", "missing"):
             self.assertIn(unusable, self.wrong("ec", "create", "EC-2", "--password-file", unusable))
