@@ -16,10 +16,13 @@ set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
 
 add_library(velrzm_build_options INTERFACE)
 target_compile_options(velrzm_build_options INTERFACE
-  -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast -Wuseless-cast
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast -Wuseless-cast
   -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-qual -Wformat=2 -Wundef -Wduplicated-cond -Wlogical-op
   -fstack-protector-strong)
 target_link_options(velrzm_build_options INTERFACE -Wl,-z,relro,-z,now)
+if(VELRZM_WARNINGS_AS_ERRORS)
+  target_compile_options(velrzm_build_options INTERFACE -Werror)
+endif()
 if(VELRZM_SANITIZE)
   target_compile_options(velrzm_build_options INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)

@@ -42,7 +42,7 @@ if(TARGET velrzm_cli)
   set_target_properties(velrzm_cli PROPERTIES INSTALL_RPATH "${tool_rpath}")
   install(TARGETS velrzm_cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
   install(DIRECTORY ${PROJECT_BINARY_DIR}/man/man1 DESTINATION ${CMAKE_INSTALL_MANDIR})
-  install(FILES ${PROJECT_SOURCE_DIR}/tools/completion/velrzm.bash
+  install(FILES ${PROJECT_SOURCE_DIR}/tools/command_line/shells/velrzm.bash
           DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME velrzm)
-  install(FILES ${PROJECT_SOURCE_DIR}/tools/completion/_velrzm DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
+  install(FILES ${PROJECT_SOURCE_DIR}/tools/command_line/shells/_velrzm DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
 endif()

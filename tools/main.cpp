@@ -7,12 +7,12 @@
 
 #include <velrzm/qvlocal.h>
 
-#include "tools/command_line.h"
-#include "tools/failures.h"
-#include "tools/interruption.h"
-#include "tools/session.h"
-#include "tools/standard_streams.h"
-#include "tools/terminal.h"
+#include "tools/command_line/command_line.h"
+#include "tools/output/terminal.h"
+#include "tools/process/failures.h"
+#include "tools/process/interruption.h"
+#include "tools/process/session.h"
+#include "tools/process/standard_streams.h"
 
 namespace {
 

@@ -9,7 +9,7 @@
 
 #include "tests/harness/library_test.h"
 #include "tests/sweep/operations.h"
-#include "tools/defaults_uses.h"
+#include "tools/site_files/defaults_uses.h"
 
 using harness::Text;
 using harness::textList;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "platform/server/revision_number.h"
+#include "server/objects/revision_number.h"
 
 #include <random>
 #include <string>
@@ -8,7 +8,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/server/errors.h"
+#include "server/base/errors.h"
 
 namespace qvserver {
 namespace {

@@ -3,11 +3,11 @@
 // `velrzm demo`: a session with the local server, told step by step.
 #include <velrzm/connection.h>
 
-#include "tools/command_line.h"
+#include "tools/command_line/command_line.h"
 #include "tools/demo/story.h"
 #include "tools/demo/workspace.h"
-#include "tools/failures.h"
-#include "tools/local_server.h"
+#include "tools/process/failures.h"
+#include "tools/process/local_server.h"
 
 namespace tools::demo {
 

@@ -4,12 +4,12 @@
 #include <algorithm>
 #include <fstream>
 
-#include "tools/failures.h"
-#include "tools/interruption.h"
-#include "tools/standard_streams.h"
-#include "tools/structure_drawing.h"
-#include "tools/table.h"
-#include "tools/terminal.h"
+#include "tools/output/table.h"
+#include "tools/output/terminal.h"
+#include "tools/process/failures.h"
+#include "tools/process/interruption.h"
+#include "tools/process/standard_streams.h"
+#include "tools/structure/drawing.h"
 
 namespace tools::demo {
 

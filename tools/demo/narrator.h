@@ -9,9 +9,9 @@
 #include <utility>
 #include <vector>
 
-#include "tools/output_capture.h"
-#include "tools/records.h"
-#include "tools/structure.h"
+#include "tools/output/records.h"
+#include "tools/process/output_capture.h"
+#include "tools/structure/structure.h"
 
 namespace tools::demo {
 

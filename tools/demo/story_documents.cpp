@@ -6,8 +6,8 @@
 #include <velrzm/documents.h>
 #include <velrzm/qv_sdk.h>
 
-#include "tools/attribute_names.h"
 #include "tools/demo/story.h"
+#include "tools/process/attribute_names.h"
 
 namespace tools::demo {
 

@@ -4,8 +4,8 @@
 #include <velrzm/engineering_changes.h>
 #include <velrzm/items.h>
 
-#include "tools/attribute_names.h"
 #include "tools/demo/story.h"
+#include "tools/process/attribute_names.h"
 
 namespace tools::demo {
 

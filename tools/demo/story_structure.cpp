@@ -8,13 +8,13 @@
 #include <velrzm/multi_save.h>
 #include <velrzm/result.h>
 
-#include "tools/attribute_names.h"
 #include "tools/demo/bicycle.h"
 #include "tools/demo/story.h"
-#include "tools/standard_streams.h"
-#include "tools/structure.h"
-#include "tools/structure_builder.h"
-#include "tools/structure_drawing.h"
+#include "tools/process/attribute_names.h"
+#include "tools/process/standard_streams.h"
+#include "tools/structure/builder.h"
+#include "tools/structure/drawing.h"
+#include "tools/structure/structure.h"
 
 namespace tools::demo {
 

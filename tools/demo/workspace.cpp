@@ -6,7 +6,7 @@
 #include <cstring>
 #include <system_error>
 
-#include "tools/failures.h"
+#include "tools/process/failures.h"
 
 namespace tools::demo {
 

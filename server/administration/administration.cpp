@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <velrzm/qvlocal.h>
+
+#include "server/administration/backup.h"
+#include "server/administration/loader.h"
+#include "server/administration/password.h"
+#include "server/administration/store_location.h"
+#include "server/base/errors.h"
+
+namespace qvlocal {
+
+namespace {
+
+using qvserver::Access;
+using qvserver::fail;
+using qvserver::Failure;
+using qvserver::inQuotes;
+using qvserver::Store;
+using qvserver::Transaction;
+
+/** Runs `use` and turns whatever it throws into a StoreError. */
+template <typename Use>
+auto reported(Use use)
+{
+    try {
+        return use();
+    } catch (const std::exception& error) {
+        throw StoreError(error.what());
+    }
+}
+
+void checkUserName(const std::string& user)
+{
+    constexpr std::size_t maxLength = 255;
+    if (user.empty() || user.size() > maxLength || user.find('\0') != std::string::npos) {
+        fail(Failure::UserAdministration, "the user name ", inQuotes(user),
+             " cannot be used; it must have 1 to ", maxLength, " characters and no NUL");
+    }
+}
+
+std::unique_ptr<Store> storeWithUsers(const std::string& location)
+{
+    auto store = qvserver::openStore(location);
+    if (store->isOpenToAll()) {
+        fail(Failure::UserAdministration, location, " keeps no users; everybody may log on");
+    }
+    return store;
+}
+
+/** Opens the store and runs `change(store)` for a user who must, or must not, be there, in one transaction.
+ */
+template <typename Change>
+void changeUser(const std::string& location, const std::string& user, bool mustExist, Change change)
+{
+    reported([&] {
+        const auto store = storeWithUsers(location);
+        Transaction transaction(*store, Access::Write);
+        if (store->passwordHash(user).has_value() != mustExist) {
+            fail(Failure::UserAdministration, location, mustExist ? " has no user " : " already has a user ",
+                 inQuotes(user));
+        }
+        change(*store);
+        transaction.commit();
+    });
+}
+
+std::size_t loadFile(const std::string& location, const qvserver::LoadFormat& format, const std::string& file)
+{
+    return reported([&] {
+        const auto store = qvserver::openStore(location);
+        if (store->isOpenToAll()) {
+            fail(Failure::BadArgument, location,
+                 " lives no longer than a logon; load into the store of a file");
+        }
+        return qvserver::load(*store, format, file);
+    });
+}
+
+} // namespace
+
+std::string defaultStore()
+{
+    return reported([] { return qvserver::defaultStoreLocation(); });
+}
+
+std::string currentStore()
+{
+    return reported([] { return qvserver::storeLocation(); });
+}
+
+void initializeStore(const std::string& location, const std::string& user, const std::string& password)
+{
+    reported([&] {
+        checkUserName(user);
+        qvserver::createStore(location, user, qvserver::hashOfPassword(password));
+    });
+}
+
+void requireNoStore(const std::string& location)
+{
+    reported([&] { qvserver::requireNothingAt(location); });
+}
+
+StoreSummary summarizeStore(const std::string& location)
+{
+    return reported([&] {
+        const auto store = storeWithUsers(location);
+        const Transaction sameState(*store, Access::Read);
+        StoreSummary summary = {store->formatVersion(), store->size(), store->userNames().size(), {}};
+        for (const qvserver::Class& objectClass : qvserver::allClasses()) {
+            summary.objects.emplace_back(objectClass.name, store->count(objectClass));
+        }
+        return summary;
+    });
+}
+
+void backUpStore(const std::string& location, const std::string& file, Replace replace,
+                 const BackupProgress& progress)
+{
+    reported([&] {
+        qvserver::backUpStore(
+            location, file, replace == Replace::Yes ? qvserver::Replace::Yes : qvserver::Replace::No,
+            progress ? progress : [](std::uintmax_t, std::uintmax_t) {});
+    });
+}
+
+void addUser(const std::string& location, const std::string& user, const std::string& password)
+{
+    changeUser(location, user, false, [&](Store& store) {
+        checkUserName(user);
+        store.putUser(user, qvserver::hashOfPassword(password));
+    });
+}
+
+void removeUser(const std::string& location, const std::string& user)
+{
+    changeUser(location, user, true, [&](Store& store) { store.removeUser(user); });
+}
+
+void setPassword(const std::string& location, const std::string& user, const std::string& password)
+{
+    changeUser(location, user, true,
+               [&](Store& store) { store.putUser(user, qvserver::hashOfPassword(password)); });
+}
+
+std::vector<std::string> listUsers(const std::string& location)
+{
+    return reported([&] { return storeWithUsers(location)->userNames(); });
+}
+
+std::size_t loadProductOptions(const std::string& location, const std::string& file)
+{
+    return loadFile(location, qvserver::productOptions(), file);
+}
+
+std::size_t loadProductPackages(const std::string& location, const std::string& file)
+{
+    return loadFile(location, qvserver::productPackages(), file);
+}
+
+std::size_t loadTranslationTables(const std::string& location, const std::string& file)
+{
+    return loadFile(location, qvserver::translationTables(), file);
+}
+
+} // namespace qvlocal

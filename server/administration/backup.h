@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: Apache-2.0
+#ifndef VELRZM_SERVER_ADMINISTRATION_BACKUP_H
+#define VELRZM_SERVER_ADMINISTRATION_BACKUP_H
+
+#include <string>
+
+#include "server/store/store.h"
+
+namespace qvserver {
+
+enum class Replace { No, Yes };
+
+/**
+ * Writes a copy of the store at `location` to `file`, where it is a store of its own. The copy appears there as
+ * a whole and on the disk, or not at all.
+ */
+void backUpStore(const std::string& location, const std::string& file, Replace replace,
+                 const CopyProgress& progress);
+
+} // namespace qvserver
+
+#endif

@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "server/administration/loader.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <map>
+#include <set>
+#include <utility>
+
+#include "server/administration/loader_csv.h"
+#include "server/base/errors.h"
+
+namespace qvserver {
+
+namespace {
+
+std::string join(const std::vector<std::string>& texts)
+{
+    std::string joined;
+    for (const std::string& text : texts) {
+        joined.append(joined.empty() ? "" : ",").append(text);
+    }
+    return joined;
+}
+
+/** Turns the records of a file into values of objects, and refuses those that are wrong. */
+class Reader {
+public:
+    Reader(const LoadFormat& format, const std::string& path)
+        : format_(format), class_(classNamed(format.className)), path_(path)
+    {}
+
+    std::vector<Values> read()
+    {
+        const std::vector<CsvRecord> records = readCsv(path_);
+        if (records.empty()) {
+            failAtLine(path_, 1, "the file is empty; it begins with the line " + header());
+        }
+        takeHeader(records.front());
+        std::vector<Values> rows;
+        for (auto record = records.begin() + 1; record != records.end(); ++record) {
+            rows.push_back(valuesOf(*record));
+        }
+        return rows;
+    }
+
+private:
+    std::string header() const
+    {
+        std::vector<std::string> names;
+        for (const LoadColumn& column : format_.columns) {
+            names.emplace_back(column.name);
+        }
+        return join(names);
+    }
+
+    /** Takes note of the columns, which may come in any order. */
+    void takeHeader(const CsvRecord& record)
+    {
+        for (const std::string& field : record.fields) {
+            const auto column =
+                std::find_if(format_.columns.begin(), format_.columns.end(),
+                             [&field](const LoadColumn& known) { return known.name == field; });
+            if (column != format_.columns.end()) {
+                columns_.push_back(&*column);
+            }
+        }
+        const std::set<const LoadColumn*> distinct(columns_.begin(), columns_.end());
+        if (distinct.size() != format_.columns.size() || record.fields.size() != format_.columns.size()) {
+            failAtLine(path_, record.line,
+                       "the first line must name the columns, " + header() + ", and not be " +
+                           inQuotes(join(record.fields)));
+        }
+    }
+
+    Values valuesOf(const CsvRecord& record)
+    {
+        if (record.fields.size() != columns_.size()) {
+            failAtLine(path_, record.line,
+                       "the row has " + std::to_string(record.fields.size()) + " fields instead of " +
+                           std::to_string(columns_.size()) + ", " + header());
+        }
+        Values values;
+        for (std::size_t place = 0; place < columns_.size(); ++place) {
+            checkField(record.line, *columns_[place], record.fields[place]);
+            values.emplace(columns_[place]->path, record.fields[place]);
+        }
+        checkUnique(record.line, values);
+        return values;
+    }
+
+    void checkField(std::size_t line, const LoadColumn& column, const std::string& value) const
+    {
+        const std::string name(column.name);
+        if (!column.mayBeEmpty && withoutTrailingBlanks(value).empty()) {
+            failAtLine(path_, line, "the " + name + " is empty");
+        }
+        if (value.size() > QV_MAX_VALUE_LENGTH) {
+            failAtLine(path_, line,
+                       "the " + name + " has " + std::to_string(value.size()) + " characters; at most " +
+                           std::to_string(QV_MAX_VALUE_LENGTH) + " can be stored");
+        }
+        if (value.find('\0') != std::string::npos) {
+            failAtLine(path_, line, "the " + name + " contains a NUL character; save the file as UTF-8 text");
+        }
+    }
+
+    void checkUnique(std::size_t line, const Values& values)
+    {
+        std::vector<std::string> keys;
+        for (const std::string_view key : class_.keys) {
+            keys.emplace_back(withoutTrailingBlanks(valueOf(values, key)));
+        }
+        const auto [first, isNew] = lineOfKeys_.emplace(std::move(keys), line);
+        if (!isNew) {
+            failAtLine(path_, line,
+                       inQuotes(join(first->first)) + " stands already in line " +
+                           std::to_string(first->second));
+        }
+    }
+
+    const LoadFormat& format_;
+    const Class& class_;
+    const std::string& path_;
+    std::vector<const LoadColumn*> columns_; // in the file's order
+    std::map<std::vector<std::string>, std::size_t> lineOfKeys_;
+};
+
+/** Removes the objects that have that value of `path`. */
+void removeAll(Store& store, const Class& objectClass, std::string_view path, std::string_view value)
+{
+    const auto stored = store.select({&objectClass, {std::string(objectIdPath)}, {equals(path, value)}});
+    for (std::size_t row = 0; row < stored->size(); ++row) {
+        store.remove(objectClass, std::get<std::int64_t>(parseNumber(stored->value(row, 0)).value()));
+    }
+}
+
+} // namespace
+
+const LoadFormat& productOptions()
+{
+    static const LoadFormat format = {
+        "ProductOption", {{"product", "product"}, {"feature", "feature"}, {"variant", "variant"}}};
+    return format;
+}
+
+const LoadFormat& productPackages()
+{
+    static const LoadFormat format = {"ProductOptionPkg",
+                                      {{"product", "product"}, {"package_id", "package_id"}}};
+    return format;
+}
+
+const LoadFormat& translationTables()
+{
+    static const LoadFormat format = {"TranslationEntry",
+                                      {{"table", "table_name"}, {"from", "from"}, {"to", "to", true}}};
+    return format;
+}
+
+std::size_t load(Store& store, const LoadFormat& format, const std::string& path)
+{
+    const std::vector<Values> rows = Reader(format, path).read();
+    const Class& objectClass = classNamed(format.className);
+    const std::string_view ownerPath = format.columns.front().path;
+    std::set<std::string_view> owners;
+    for (const Values& row : rows) {
+        owners.insert(withoutTrailingBlanks(valueOf(row, ownerPath)));
+    }
+    Transaction transaction(store, Access::Write);
+    for (const std::string_view owner : owners) {
+        removeAll(store, objectClass, ownerPath, owner);
+    }
+    for (const Values& row : rows) {
+        if (!store.insert(objectClass, store.nextNumber(), row)) {
+            fail(Failure::AlreadyStored, "the store already has a row of ", path);
+        }
+    }
+    transaction.commit();
+    return rows.size();
+}
+
+} // namespace qvserver

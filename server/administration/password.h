@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// Passwords as salted hashes.
+#ifndef VELRZM_SERVER_ADMINISTRATION_PASSWORD_H
+#define VELRZM_SERVER_ADMINISTRATION_PASSWORD_H
+
+#include <optional>
+#include <string>
+
+namespace qvserver {
+
+/** The hash of `password` with a new salt; fails when the password cannot be used. */
+std::string hashOfPassword(const std::string& password);
+
+/** Whether `password` has this hash. Without a hash it takes as long and is false. */
+bool isPassword(const std::string& password, const std::optional<std::string>& hash);
+
+} // namespace qvserver
+
+#endif

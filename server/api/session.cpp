@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "server/api/session.h"
+
+#include "server/administration/password.h"
+#include "server/administration/store_location.h"
+#include "server/base/errors.h"
+
+namespace qvserver {
+
+void Session::closeEnvironment()
+{
+    if (!environmentOpen_) {
+        fail(Failure::EnvironmentNotOpen, "the environment is not open");
+    }
+    logoff();
+    environmentOpen_ = false;
+}
+
+void Session::logon(const std::string& user, const std::string& password)
+{
+    if (!environmentOpen_) {
+        fail(Failure::EnvironmentNotOpen, "the environment is not open; open it before the logon");
+    }
+    if (store_ != nullptr) {
+        fail(Failure::AlreadyLoggedOn, "the user ", inQuotes(user_), " is logged on; log off first");
+    }
+    auto store = openStore(storeLocation());
+    const bool accepted =
+        store->isOpenToAll() ? !user.empty() : isPassword(password, store->passwordHash(user));
+    if (!accepted) {
+        fail(Failure::LogonRefused, "the logon of ", inQuotes(user),
+             " was refused: wrong user or wrong password");
+    }
+    user_ = user;
+    store_ = std::move(store);
+}
+
+void Session::logoff() noexcept
+{
+    multiSave_.reset();
+    objects_.clear();
+    lists_.clear();
+    reports_.clear();
+    translations_ = {};
+    store_.reset();
+    user_.clear();
+}
+
+void Session::checkLoggedOn() const
+{
+    if (store_ == nullptr) {
+        fail(Failure::NotLoggedOn, "nobody is logged on; log on first");
+    }
+}
+
+void Session::startMultiSave()
+{
+    if (multiSave_ != nullptr) {
+        fail(Failure::MultiSaveState, "a multi-save is open already; commit or discard it first");
+    }
+    multiSave_ = std::make_unique<Transaction>(*store_, Access::Write);
+}
+
+void Session::commitMultiSave()
+{
+    endMultiSave("commit");
+    const auto ended = std::move(multiSave_);
+    ended->commit();
+}
+
+void Session::discardMultiSave()
+{
+    endMultiSave("discard");
+    multiSave_.reset();
+}
+
+void Session::endMultiSave(const char* what)
+{
+    if (multiSave_ == nullptr) {
+        fail(Failure::MultiSaveState, "there is no open multi-save to ", what, "; start one first");
+    }
+}
+
+Object& Session::object(QV_ObjectHandle handle)
+{
+    auto* const object = std::get_if<Object>(&objects_.at(handle));
+    if (object == nullptr) {
+        fail(Failure::BadHandle,
+             "a record of a list can only be read; create an object and open it by its db_object_id");
+    }
+    return *object;
+}
+
+Session& session()
+{
+    static Session ofProcess;
+    return ofProcess;
+}
+
+} // namespace qvserver

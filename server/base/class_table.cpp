@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "server/base/class_table.h"
+
+#include <algorithm>
+
+#include "server/base/errors.h"
+#include "server/base/text.h"
+
+namespace qvserver {
+
+namespace {
+
+// NOLINTNEXTLINE(readability-function-size): a table, not steps
+std::vector<Class> makeClasses()
+{
+    const Reference changeOfItem = {"EngineeringChange", {{"il_ec_number", "id"}}, Needed::IfSet};
+    const auto itemIn = [](std::string_view path) {
+        return Reference{"ItemEngineeringData", {{path, "logical_key@item_number"}}};
+    };
+    return {
+        {"EngineeringChange",
+         {"id"},
+         {},
+         {{"id"},
+          {"desc"},
+          {"status", Kind::Text, Source::Default, "OPEN"},
+          {"chg_control_code", Kind::Text, Source::Default, "1"},
+          {"initiator@person_identifier"},
+          {"x_sec_level_code"},
+          {"x_sec_cat_code"}}},
+        {"ItemEngineeringData",
+         {"logical_key@item_number", "logical_key@loc_id", "il_ec_number"},
+         {},
+         {{"logical_key@item_number"},
+          {"logical_key@loc_id"},
+          {"il_ec_number"},
+          {"name"},
+          {"description"},
+          {"item_type"},
+          {"design_loc_id"},
+          {"x_sec_level_code"},
+          {"x_sec_cat_code"},
+          {"insert_by", Kind::Number, Source::OwnId},
+          {"extract_by", Kind::Number, Source::Default, "2147483647"},
+          {"net_pu_flg", Kind::Text, Source::Server, "N"},
+          {"master_item@control", Kind::Text, Source::Default, "1"}},
+         {{"ai_obj", "AffectedItem", {"logical_key@item_number", "item_number"}, Related::Each}},
+         {changeOfItem}},
+        {"AffectedItem",
+         {"ec@id", "item_number"},
+         {},
+         {{"ec@id"},
+          {"item_number"},
+          {"change_action@curr_key"},
+          {"design_seq_num", Kind::Number, Source::OwnId},
+          {"item_status", Kind::Text, Source::Default, "WORKING"},
+          {"pln_rev_level", Kind::Number, Source::Default},
+          {"item_key@item_number", Kind::Text, Source::Copy, "item_number"}},
+         {{"ec", "EngineeringChange", {"ec@id", "id"}, Related::Each}},
+         {{"EngineeringChange", {{"ec@id", "id"}}}, itemIn("item_number")}},
+        {"ItemProductUnitEffectivity",
+         {"item_number", "loc_id", "ecid", "prod_id", "cut_in_unit"},
+         {},
+         {{"item_number"}, {"loc_id"}, {"ecid"}, {"prod_id"}, {"cut_in_unit"}}},
+        {"ItemAssociationData",
+         {"logical_key@item_number", "logical_key@loc_id", "logical_key@alias", "il_ec_number"},
+         {},
+         {{"logical_key@item_number"},
+          {"logical_key@loc_id"},
+          {"logical_key@alias"},
+          {"il_ec_number"},
+          {"alias_desc"},
+          {"alias_type@curr_key"},
+          {"alias_xref"}}},
+        {"DocVersion",
+         {"doc_revision@doc_number", "doc_revision@doc_rev_num"},
+         Vault{"doc_ver_num", "doc_revision@doc_rev_num_v", "ckout_user"},
+         {{"doc_revision@doc_number", Kind::Text, Source::Numbered, "DOC-"},
+          {"doc_revision@doc_rev_num"},
+          {"doc_ver_num", Kind::Number, Source::Server, "1"},
+          {"doc_revision@doc_rev_num_v", Kind::Text, Source::RevisionSort, "doc_revision@doc_rev_num"},
+          {"doc_revision@doc_title"},
+          {"doc_revision@chg_ctrl"},
+          {"doc_revision@doc_ctrl_num"},
+          {"doc_revision@primary_config@db_object_id", Kind::Number, Source::OwnId},
+          {"copy_count", Kind::Number, Source::Default, "0"},
+          {"ckout_user", Kind::Text, Source::Server},
+          {"ckin_userdata3"},
+          {"doc_primary_fmt@user_data3", Kind::Text, Source::Follows, "ckin_userdata3"}}},
+        {"BomHeader",
+         {"logical_key@item_number", "logical_key@loc_id", "il_ec_number"},
+         {},
+         {{"logical_key@item_number"}, {"logical_key@loc_id"}, {"il_ec_number"}}},
+        {"Component",
+         {"logical_key@item_number", "logical_key@loc_id", "logical_key@comp_item_number",
+          "logical_key@comp_seq_nm", "il_ec_number"},
+         {},
+         {{"logical_key@item_number"},
+          {"logical_key@loc_id"},
+          {"logical_key@comp_item_number"},
+          {"logical_key@comp_seq_nm"},
+          {"il_ec_number"},
+          {"item_type@curr_key"}},
+         {{"item",
+           "ItemEngineeringData",
+           {"logical_key@item_number", "logical_key@item_number"},
+           Related::Newest},
+          {"comp_item",
+           "ItemEngineeringData",
+           {"logical_key@comp_item_number", "logical_key@item_number"},
+           Related::Newest}},
+         {itemIn("logical_key@item_number"), itemIn("logical_key@comp_item_number")}},
+        {"ComponentReference",
+         {"logical_key@item_number", "logical_key@loc_id", "logical_key@comp_item_number",
+          "logical_key@comp_seq_nm", "logical_key@comp_ref", "il_ec_number"},
+         {},
+         {{"logical_key@item_number"},
+          {"logical_key@loc_id"},
+          {"logical_key@comp_item_number"},
+          {"logical_key@comp_seq_nm"},
+          {"logical_key@comp_ref"},
+          {"il_ec_number"},
+          {"comp_ref_xref"}},
+         {},
+         {{"Component",
+           {{"logical_key@item_number", "logical_key@item_number"},
+            {"logical_key@loc_id", "logical_key@loc_id"},
+            {"logical_key@comp_item_number", "logical_key@comp_item_number"},
+            {"logical_key@comp_seq_nm", "logical_key@comp_seq_nm"},
+            {"il_ec_number", "il_ec_number"}},
+           Needed::Always,
+           OnDelete::DeleteToo}}},
+        {"ItemReference",
+         {"logical_key@item_number", "logical_key@loc_id", "logical_key@reference_id", "il_ec_number"},
+         {},
+         {{"logical_key@item_number"},
+          {"logical_key@loc_id"},
+          {"logical_key@reference_id"},
+          {"il_ec_number"},
+          {"reference_level"},
+          {"item_ref_xref"}}},
+        {"ProductOption", {"product", "feature", "variant"}, {}, {{"product"}, {"feature"}, {"variant"}}},
+        {"ProductOptionPkg", {"product", "package_id"}, {}, {{"product"}, {"package_id"}}},
+        {"TranslationEntry", {"table_name", "from"}, {}, {{"table_name"}, {"from"}, {"to"}}},
+    };
+}
+
+} // namespace
+
+const Attribute* Class::attribute(std::string_view path) const noexcept
+{
+    const auto found = std::find_if(attributes.begin(), attributes.end(),
+                                    [path](const Attribute& attribute) { return attribute.path == path; });
+    return found == attributes.end() ? nullptr : &*found;
+}
+
+const Relation* Class::relation(std::string_view relationName) const noexcept
+{
+    const auto found =
+        std::find_if(relations.begin(), relations.end(),
+                     [relationName](const Relation& relation) { return relation.name == relationName; });
+    return found == relations.end() ? nullptr : &*found;
+}
+
+const std::vector<Class>& allClasses()
+{
+    static const std::vector<Class> classes = makeClasses();
+    return classes;
+}
+
+const Class& classNamed(std::string_view name)
+{
+    std::string names;
+    for (const Class& known : allClasses()) {
+        if (known.name == name) {
+            return known;
+        }
+        names.append(names.empty() ? "" : ", ").append(known.name);
+    }
+    fail(Failure::BadArgument, "there is no class ", inQuotes(name), "; there are: ", names);
+}
+
+void checkPath(std::string_view path)
+{
+    if (!isPath(path)) {
+        fail(Failure::BadPath, inQuotes(path),
+             " is not an attribute path: names of letters, digits and _, joined by @, of ", maxPathLength,
+             " characters at most");
+    }
+}
+
+} // namespace qvserver

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// The classes of the server as data. Tables, indexes, look-ups, defaults and checks of references all follow
+// from it.
+#ifndef VELRZM_SERVER_BASE_CLASS_TABLE_H
+#define VELRZM_SERVER_BASE_CLASS_TABLE_H
+
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace qvserver {
+
+/** Values of attributes by path. */
+using Values = std::map<std::string, std::string, std::less<>>;
+
+/** The value of `path`; "" when there is none, which is the same as never set. */
+inline std::string_view valueOf(const Values& values, std::string_view path)
+{
+    const auto found = values.find(path);
+    return found == values.end() ? std::string_view() : std::string_view(found->second);
+}
+
+/** The attributes that every object has beside those of its class: both are numbers and the server's own. */
+constexpr std::string_view objectIdPath = "db_object_id";
+constexpr std::string_view updateCountPath = "update_count";
+
+/** How values of an attribute compare and sort. */
+enum class Kind { Text, Number };
+
+/** Where the value of an attribute comes from. */
+enum class Source {
+    Caller,   // from whoever saves the object
+    Default,  // from the caller, else `text` when the object is new
+    Numbered, // from the caller, else `text` with a number that no other object has
+    Follows,  // from the caller, else what the caller sets of the attribute `text`
+    // What callers set of the rest is not kept.
+    OwnId,        // the object's own id
+    Copy,         // the value of the attribute `text`
+    RevisionSort, // what the revision number in the attribute `text` sorts by
+    Server,       // a rule of the server, else `text` when the object is new
+};
+
+struct Attribute {
+    std::string_view path;
+    Kind kind = Kind::Text;
+    Source source = Source::Caller;
+    std::string_view text = {};
+};
+
+/** Attributes of one class that hold the same values as attributes of another. */
+struct Link {
+    std::string_view from;
+    std::string_view to;
+};
+
+/** Which of the related objects a relation gives. */
+enum class Related { Each, Newest };
+
+/** A name that leads in a path ("ai_obj@item_status") from an object to related ones. */
+struct Relation {
+    std::string_view name;
+    std::string_view target;
+    Link link;
+    Related which;
+};
+
+/** What becomes of the referring object when the one that it refers to is deleted. */
+enum class OnDelete { Refuse, DeleteToo };
+
+/** Whether an object may do without a reference, by leaving its attributes empty. */
+enum class Needed { Always, IfSet };
+
+/** An object of the class `target` must exist with the linked values. */
+struct Reference {
+    std::string_view target;
+    std::vector<Link> links;
+    Needed needed = Needed::Always;
+    OnDelete onDelete = OnDelete::Refuse;
+};
+
+/** How the vault keeps objects of a class. Their keys are a document and its revision. */
+struct Vault {
+    /** The number that tells versions of a revision apart; the keys alone mean the newest. */
+    std::string_view version;
+    std::string_view revisionSort;
+    /** The user who has the version checked out; "" when it is checked in. */
+    std::string_view holder;
+};
+
+struct Class {
+    std::string_view name;
+    /** What identifies an object; the first one is never empty, unless the server numbers the object. */
+    std::vector<std::string_view> keys;
+    std::optional<Vault> vault = {};
+    /** All attributes with a column of their own, the keys included. Any other path can be stored as well. */
+    std::vector<Attribute> attributes;
+    std::vector<Relation> relations = {};
+    std::vector<Reference> references = {};
+
+    const Attribute* attribute(std::string_view path) const noexcept;
+    const Relation* relation(std::string_view name) const noexcept;
+};
+
+/** All classes. */
+const std::vector<Class>& allClasses();
+
+/** The class of that name; fails when there is none. */
+const Class& classNamed(std::string_view name);
+
+/** Fails unless `path` is well formed. */
+void checkPath(std::string_view path);
+
+} // namespace qvserver
+
+#endif

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// Texts as the server understands them: blank-padded values, attribute paths, numbers.
+#ifndef VELRZM_SERVER_BASE_TEXT_H
+#define VELRZM_SERVER_BASE_TEXT_H
+
+#include <charconv>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string_view>
+#include <system_error>
+#include <variant>
+
+namespace qvserver {
+
+/** The longest attribute path in characters. */
+constexpr std::size_t maxPathLength = 255;
+
+/** `value` without the blanks at its end, which never count. */
+inline std::string_view withoutTrailingBlanks(std::string_view value) noexcept
+{
+    const auto last = value.find_last_not_of(' ');
+    return value.substr(0, last == std::string_view::npos ? 0 : last + 1);
+}
+
+/** Whether two values are the same text, blank-padded. */
+inline bool sameText(std::string_view left, std::string_view right) noexcept
+{
+    return withoutTrailingBlanks(left) == withoutTrailingBlanks(right);
+}
+
+/** The same number for the same text, blank-padded. */
+inline std::uint32_t hashOf(std::string_view value) noexcept
+{
+    return static_cast<std::uint32_t>(std::hash<std::string_view>()(withoutTrailingBlanks(value)));
+}
+
+inline bool isDigit(char c) noexcept
+{
+    return c >= '0' && c <= '9';
+}
+inline bool isNameStart(char c) noexcept
+{
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
+}
+inline bool isNamePart(char c) noexcept
+{
+    return isNameStart(c) || isDigit(c);
+}
+
+/** Whether `path` is a sequence of names joined by "@". */
+inline bool isPath(std::string_view path) noexcept
+{
+    bool atStart = true;
+    for (const char c : path) {
+        if (atStart ? !isNameStart(c) : (c != '@' && !isNamePart(c))) {
+            return false;
+        }
+        atStart = c == '@';
+    }
+    return !atStart && path.size() <= maxPathLength;
+}
+
+using ParsedNumber = std::variant<std::int64_t, double>;
+
+/** The number that `text` writes in decimal, blanks around it aside; none when it is something else. */
+inline std::optional<ParsedNumber> parseNumber(std::string_view text) noexcept
+{
+    text = withoutTrailingBlanks(text);
+    text.remove_prefix(text.find_first_not_of(' ') == std::string_view::npos ? text.size()
+                                                                             : text.find_first_not_of(' '));
+    const char* const end = text.data() + text.size();
+    if (text.empty() || !(isDigit(text.back()) && (isDigit(text.front()) || text.front() == '-'))) {
+        return std::nullopt; // also what from_chars takes beside decimal numbers: inf, nan
+    }
+    std::int64_t whole = 0;
+    if (const auto parsed = std::from_chars(text.data(), end, whole);
+        parsed.ec == std::errc() && parsed.ptr == end) {
+        return whole;
+    }
+    double real = 0;
+    if (const auto parsed = std::from_chars(text.data(), end, real, std::chars_format::fixed);
+        parsed.ec == std::errc() && parsed.ptr == end) {
+        return real;
+    }
+    return std::nullopt;
+}
+
+} // namespace qvserver
+
+#endif

@@ -1,0 +1,284 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "server/objects/object.h"
+
+#include <algorithm>
+
+#include "server/base/errors.h"
+#include "server/objects/filling.h"
+#include "server/objects/identification.h"
+#include "server/objects/references.h"
+#include "server/objects/rules.h"
+#include "server/objects/vault.h"
+#include "server/structure/cycles.h"
+
+namespace qvserver {
+
+namespace {
+
+[[noreturn]] void failAlreadyStored(const Class& objectClass, const Values& values)
+{
+    fail(Failure::AlreadyStored, "the ", objectClass.name, " with ", keysOf(objectClass, values),
+         " is already stored; open it to change it");
+}
+
+std::int64_t integerAt(const Rows& rows, std::size_t column)
+{
+    return std::get<std::int64_t>(parseNumber(rows.value(0, column)).value());
+}
+
+} // namespace
+
+void Object::set(std::string_view path, std::string_view value)
+{
+    checkPath(path);
+    if (value.size() > QV_MAX_VALUE_LENGTH) {
+        fail(Failure::ValueTooLong, "the value ", inQuotes(value), " of ", path, " has ", value.size(),
+             " characters; at most ", QV_MAX_VALUE_LENGTH, " can be stored");
+    }
+    const auto separator = path.find('@');
+    const Relation* relation =
+        separator == std::string_view::npos ? nullptr : class_->relation(path.substr(0, separator));
+    if (relation != nullptr && class_->attribute(path) == nullptr) {
+        fail(Failure::BadPath, path, " is an attribute of the related ", relation->target,
+             "; set it on that object");
+    }
+    given_.insert_or_assign(std::string(path), std::string(value));
+    changes_.insert_or_assign(std::string(path), std::string(value));
+}
+
+void Object::subscribe(std::string_view path)
+{
+    checkPath(path);
+    if (std::find(subscribed_.begin(), subscribed_.end(), path) == subscribed_.end()) {
+        subscribed_.emplace_back(path);
+    }
+}
+
+const std::string& Object::get(std::string_view path) const
+{
+    for (const Values* values : {&changes_, &loaded_}) {
+        if (const auto found = values->find(path); found != values->end()) {
+            return found->second;
+        }
+    }
+    fail(Failure::NotLoaded, "the attribute ", inQuotes(path), " of this ", class_->name,
+         " was not loaded; subscribe it before the open or save");
+}
+
+void Object::open(Store& store)
+{
+    Transaction transaction(store, Access::Read);
+    load(store, objectToOpen(store, *class_, given_));
+    transaction.commit();
+}
+
+template <typename Work>
+void Object::become(Store& store, Work work)
+{
+    Object next = *this; // takes this one's place when all is stored
+    Transaction transaction(store, Access::Write);
+    next.load(store, work());
+    transaction.commit();
+    *this = std::move(next);
+}
+
+void Object::save(Store& store)
+{
+    become(store, [&] { return stored_ ? change(store) : create(store); });
+}
+
+std::int64_t Object::create(Store& store) const
+{
+    if (const auto id = valueOf(given_, objectIdPath); !withoutTrailingBlanks(id).empty()) {
+        fail(Failure::BadArgument, "db_object_id=", inQuotes(id), " is set on a new ", class_->name,
+             "; open the object to change it, or leave the id empty to create one");
+    }
+    return insert(store, storable(*class_, given_));
+}
+
+std::int64_t Object::insert(Store& store, Values values) const
+{
+    const std::int64_t id = store.nextNumber();
+    beforeCreate(store, *class_, values);
+    if (withoutTrailingBlanks(valueOf(values, class_->keys.front())).empty()) {
+        fail(Failure::BadArgument, "the ", class_->name, " needs a value of ", class_->keys.front());
+    }
+    fillNew(*class_, id, values);
+    checkReferences(store, *class_, values);
+    if (!store.insert(*class_, id, values)) {
+        failAlreadyStored(*class_, values);
+    }
+    checkNoCycle(store, *class_, values);
+    afterChange(store, *class_, values);
+    obeyOrders(store, *class_, given_, values);
+    return id;
+}
+
+Values Object::unchangedSince(Store& store) const
+{
+    Query query = {class_, {std::string(updateCountPath)}, {isObject(stored_->id)}};
+    for (const Attribute& attribute : class_->attributes) {
+        query.select.emplace_back(attribute.path);
+    }
+    const auto rows = store.select(query);
+    if (rows->empty()) {
+        fail(Failure::ChangedByOther, "the ", class_->name, " with db_object_id '", stored_->id,
+             "' was deleted since it was opened; nothing was stored");
+    }
+    if (integerAt(*rows, 0) != stored_->updateCount) {
+        fail(Failure::ChangedByOther, "the ", class_->name, " with db_object_id '", stored_->id,
+             "' was saved by another user since it was opened; nothing was stored, open it again and repeat "
+             "the change");
+    }
+    Values values;
+    for (std::size_t column = 1; column < query.select.size(); ++column) {
+        values.emplace(query.select[column], rows->value(0, column));
+    }
+    return values;
+}
+
+void Object::checkSameId() const
+{
+    const auto id = withoutTrailingBlanks(valueOf(changes_, objectIdPath));
+    if (!id.empty() && id != std::to_string(stored_->id)) {
+        fail(Failure::BadArgument, "db_object_id=", inQuotes(id), " is set on the opened ", class_->name,
+             " with db_object_id '", stored_->id, "'; open the other one to change it");
+    }
+}
+
+std::int64_t Object::change(Store& store) const
+{
+    checkSameId();
+    const Values before = unchangedSince(store);
+    Values changed = storable(*class_, changes_);
+    Values after = changed;
+    after.insert(before.begin(), before.end()); // what is changed stays
+    fillDerived(*class_, after, changed);
+    checkReferences(store, *class_, after);
+    if (!store.update(*class_, stored_->id, changed, Count::Save)) {
+        failAlreadyStored(*class_, after);
+    }
+    checkNotReferred(store, *class_, before);
+    checkNoCycle(store, *class_, after);
+    afterChange(store, *class_, before);
+    afterChange(store, *class_, after);
+    obeyOrders(store, *class_, changes_, after);
+    return stored_->id;
+}
+
+void Object::remove(Store& store)
+{
+    Transaction transaction(store, Access::Write);
+    Object removed = *this;
+    Values wanted = stored_ ? changes_ : given_;
+    if (stored_) {
+        wanted.insert_or_assign(std::string(objectIdPath), std::to_string(stored_->id));
+    }
+    const std::int64_t id = objectToDelete(store, *class_, wanted);
+    if (!stored_) {
+        removed.load(store, id);
+    }
+    const Values values = removed.unchangedSince(store);
+    store.remove(*class_, id);
+    deleteParts(store, *class_, values);
+    afterChange(store, *class_, values);
+    transaction.commit();
+    stored_.reset();
+    loaded_.clear();
+}
+
+void Object::load(Store& store, std::int64_t id)
+{
+    Query query = {class_, {std::string(updateCountPath)}, {isObject(id)}};
+    query.select.insert(query.select.end(), subscribed_.begin(), subscribed_.end());
+    query.newestFirst = true;
+    query.relatedMayMiss = true;
+    query.limit = 1;
+    const auto rows = store.select(query);
+    Values loaded;
+    for (std::size_t column = 1; column < query.select.size(); ++column) {
+        loaded.insert_or_assign(query.select[column], rows->value(0, column));
+    }
+    stored_ = Stored{id, integerAt(*rows, 0)};
+    loaded_ = std::move(loaded);
+    changes_.clear();
+}
+
+std::int64_t Object::versionId() const
+{
+    checkVaulted(*class_);
+    if (!stored_) {
+        fail(Failure::NotOpen, "the ", class_->name, " was not opened; open it before the vault call");
+    }
+    return stored_->id;
+}
+
+void Object::createAndCheckIn(Store& store)
+{
+    checkVaulted(*class_);
+    if (stored_) {
+        fail(Failure::AlreadyStored, "the ", class_->name, " is stored already, with db_object_id '",
+             stored_->id, "'; check it out and in for another version, or create a new object");
+    }
+    save(store);
+}
+
+void Object::checkOut(Store& store, const std::string& user)
+{
+    become(store, [&] {
+        takeOut(store, *class_, versionId(), user);
+        return storeChanges(store);
+    });
+}
+
+void Object::checkIn(Store& store, const std::string& user)
+{
+    become(store, [&] {
+        giveBack(store, *class_, versionId(), user);
+        if (!changes_.empty()) {
+            checkSameId();
+            unchangedSince(store);
+        }
+        return insert(store, nextVersion(store, *class_, versionId(), storable(*class_, changes_)));
+    });
+    if (const auto id = given_.find(objectIdPath); id != given_.end() && !id->second.empty()) {
+        id->second = std::to_string(stored_->id); // it was that of the version before
+    }
+}
+
+void Object::cancelCheckOut(Store& store, const std::string& user)
+{
+    become(store, [&] {
+        giveBack(store, *class_, versionId(), user);
+        return storeChanges(store);
+    });
+}
+
+Object Object::makeRevision(Store& store)
+{
+    Object revision(*class_);
+    revision.subscribed_ = subscribed_;
+    become(store, [&] {
+        checkNotHeld(store, *class_, versionId());
+        const std::int64_t base = storeChanges(store);
+        revision.load(store, insert(store, nextRevision(store, *class_, base)));
+        return base;
+    });
+    return revision;
+}
+
+void Object::setCheckInDefaults(Store& store)
+{
+    for (const auto& [path, value] : checkInDefaults(store, *class_, versionId())) {
+        if (changes_.find(path) == changes_.end()) {
+            set(path, value);
+        }
+    }
+}
+
+void Object::setCheckOutDefaults() const
+{
+    static_cast<void>(versionId()); // a check-out has no attributes of its own that could be filled
+}
+
+} // namespace qvserver

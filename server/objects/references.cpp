@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "server/objects/references.h"
+
+#include <algorithm>
+
+#include "server/base/errors.h"
+
+namespace qvserver {
+
+namespace {
+
+/** Objects whose attributes `wanted` have the values that `source` has in `values`. */
+Query linked(const Class& objectClass, const Reference& reference, std::string_view Link::*wanted,
+             std::string_view Link::*source, const Values& values)
+{
+    Query query = {&objectClass, {std::string(objectIdPath)}};
+    for (const Link& link : reference.links) {
+        query.where.push_back(equals(link.*wanted, valueOf(values, link.*source)));
+    }
+    return query;
+}
+
+Query targetsOf(const Reference& reference, std::string_view Link::*source, const Values& values)
+{
+    return linked(classNamed(reference.target), reference, &Link::to, source, values);
+}
+
+std::string describe(const Reference& reference, std::string_view Link::*source, const Values& values)
+{
+    std::string text;
+    for (const Link& link : reference.links) {
+        text.append(text.empty() ? "" : ", ").append(link.*source).append("=");
+        text.append(inQuotes(valueOf(values, link.*source)));
+    }
+    return text;
+}
+
+/** Calls `visit(referring class, reference)` for every reference to `target` that the class table knows. */
+template <typename Visit>
+void forEachReferenceTo(const Class& target, Visit visit)
+{
+    for (const Class& referring : allClasses()) {
+        for (const Reference& reference : referring.references) {
+            if (reference.target == target.name) {
+                visit(referring, reference);
+            }
+        }
+    }
+}
+
+} // namespace
+
+void checkReferences(Store& store, const Class& objectClass, const Values& values)
+{
+    for (const Reference& reference : objectClass.references) {
+        const bool refers =
+            std::any_of(reference.links.begin(), reference.links.end(), [&](const Link& link) {
+                return !withoutTrailingBlanks(valueOf(values, link.from)).empty();
+            });
+        if ((refers || reference.needed == Needed::Always) &&
+            !exists(store, targetsOf(reference, &Link::from, values))) {
+            fail(Failure::ReferenceMissing, "the ", objectClass.name, " refers to the ", reference.target,
+                 " that is not stored: ", describe(reference, &Link::from, values), "; create that first");
+        }
+    }
+}
+
+void checkNotReferred(Store& store, const Class& objectClass, const Values& oldValues)
+{
+    forEachReferenceTo(objectClass, [&](const Class& referring, const Reference& reference) {
+        if (!exists(store, targetsOf(reference, &Link::to, oldValues)) &&
+            exists(store, linked(referring, reference, &Link::from, &Link::to, oldValues))) {
+            fail(Failure::StillReferred, "the ", objectClass.name, " with ",
+                 describe(reference, &Link::to, oldValues), " must stay as it is: the ", referring.name,
+                 " refers to it; delete that first");
+        }
+    });
+}
+
+void deleteParts(Store& store, const Class& objectClass, const Values& oldValues)
+{
+    forEachReferenceTo(objectClass, [&](const Class& referring, const Reference& reference) {
+        if (reference.onDelete == OnDelete::DeleteToo) {
+            const auto parts = store.select(linked(referring, reference, &Link::from, &Link::to, oldValues));
+            for (std::size_t row = 0; row < parts->size(); ++row) {
+                store.remove(referring, std::get<std::int64_t>(parseNumber(parts->value(row, 0)).value()));
+            }
+        }
+    });
+    checkNotReferred(store, objectClass, oldValues);
+}
+
+} // namespace qvserver

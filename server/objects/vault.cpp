@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "server/objects/vault.h"
+
+#include <utility>
+#include <variant>
+
+#include "server/base/errors.h"
+#include "server/base/text.h"
+#include "server/objects/filling.h"
+#include "server/objects/identification.h"
+#include "server/objects/revision_number.h"
+
+namespace qvserver {
+
+namespace {
+
+Values valuesOf(Store& store, const Class& objectClass, std::int64_t id)
+{
+    Values values = store.values(objectClass, id);
+    if (values.empty()) {
+        fail(Failure::ChangedByOther, "the ", objectClass.name, " with db_object_id '", id,
+             "' was deleted since it was opened; nothing was stored");
+    }
+    return values;
+}
+
+/** A version as messages show it. */
+std::string describe(const Class& objectClass, const Values& values)
+{
+    const std::string_view versionPath = objectClass.vault->version;
+    return "the " + std::string(objectClass.name) + " with " + keysOf(objectClass, values) + ", " +
+           std::string(versionPath) + '=' + inQuotes(valueOf(values, versionPath));
+}
+
+std::string_view holderOf(const Class& objectClass, const Values& values)
+{
+    return valueOf(values, objectClass.vault->holder);
+}
+
+void setHolder(Store& store, const Class& objectClass, std::int64_t id, const std::string& holder)
+{
+    store.update(objectClass, id, {{std::string(objectClass.vault->holder), holder}}, Count::Nothing);
+}
+
+/** The value of `path` of the last of the objects that have the first `keys` keys of `values`, in the order
+ * of `order`. */
+std::string lastOf(Store& store, const Class& objectClass, const Values& values, std::size_t keys,
+                   std::string_view order, std::string_view path)
+{
+    Query query = {&objectClass, {std::string(path)}, {}, {std::string(order)}};
+    for (std::size_t key = 0; key < keys; ++key) {
+        query.where.push_back(equals(objectClass.keys[key], valueOf(values, objectClass.keys[key])));
+    }
+    const auto rows = store.select(query);
+    return rows->value(rows->size() - 1, 0);
+}
+
+} // namespace
+
+void checkVaulted(const Class& objectClass)
+{
+    if (!objectClass.vault) {
+        fail(Failure::BadArgument, "the vault keeps no objects of the class ", objectClass.name,
+             "; create a DocVersion for this call");
+    }
+}
+
+void checkNotHeld(Store& store, const Class& objectClass, std::int64_t id)
+{
+    const Values values = valuesOf(store, objectClass, id);
+    if (const auto holder = holderOf(objectClass, values); !holder.empty()) {
+        fail(Failure::VaultState, describe(objectClass, values), " is checked out by ", inQuotes(holder),
+             "; it has to be checked in, or the check-out canceled, first");
+    }
+}
+
+void takeOut(Store& store, const Class& objectClass, std::int64_t id, const std::string& user)
+{
+    checkNotHeld(store, objectClass, id);
+    setHolder(store, objectClass, id, user);
+}
+
+void giveBack(Store& store, const Class& objectClass, std::int64_t id, const std::string& user)
+{
+    const Values values = valuesOf(store, objectClass, id);
+    const auto holder = holderOf(objectClass, values);
+    if (holder.empty()) {
+        fail(Failure::VaultState, describe(objectClass, values), " is checked in, not checked out by ",
+             inQuotes(user), "; check it out first");
+    }
+    if (holder != user) {
+        fail(Failure::VaultState, describe(objectClass, values), " is checked out by ", inQuotes(holder),
+             ", not by ", inQuotes(user));
+    }
+    setHolder(store, objectClass, id, "");
+}
+
+Values nextVersion(Store& store, const Class& objectClass, std::int64_t id, const Values& changed)
+{
+    const Values base = valuesOf(store, objectClass, id);
+    for (const std::string_view key : objectClass.keys) {
+        const auto set = changed.find(key);
+        if (set != changed.end() && !sameText(set->second, valueOf(base, key))) {
+            fail(Failure::KeyMismatch, describe(objectClass, base), " is checked in with ", key, "=",
+                 inQuotes(set->second), "; a version stays within its revision");
+        }
+    }
+    Values next = changed;
+    next.merge(inheritable(objectClass, base));
+    const std::string_view path = objectClass.vault->version;
+    const std::string last = lastOf(store, objectClass, base, objectClass.keys.size(), path, path);
+    next.insert_or_assign(std::string(path),
+                          std::to_string(std::get<std::int64_t>(parseNumber(last).value()) + 1));
+    return next;
+}
+
+Values nextRevision(Store& store, const Class& objectClass, std::int64_t id)
+{
+    const Values base = valuesOf(store, objectClass, id);
+    Values next = inheritable(objectClass, base);
+    const std::string_view path = objectClass.keys[1];
+    const std::string last = lastOf(store, objectClass, base, 1, objectClass.vault->revisionSort, path);
+    next.insert_or_assign(std::string(path), nextRevisionNumber(last));
+    return next;
+}
+
+Values checkInDefaults(Store& store, const Class& objectClass, std::int64_t id)
+{
+    const Values stored = valuesOf(store, objectClass, id);
+    Values defaults;
+    for (const Attribute& attribute : objectClass.attributes) {
+        if (attribute.source == Source::Follows) {
+            defaults.emplace(attribute.text, valueOf(stored, attribute.path));
+        }
+    }
+    return defaults;
+}
+
+} // namespace qvserver

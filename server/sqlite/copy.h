@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: Apache-2.0
+#ifndef VELRZM_SERVER_SQLITE_COPY_H
+#define VELRZM_SERVER_SQLITE_COPY_H
+
+#include <string>
+
+#include "server/sqlite/database.h"
+#include "server/store/store.h"
+
+namespace qvserver {
+
+/** Copies what is committed at this moment to the empty file at `path`; others read and write meanwhile. */
+void copyDatabase(SqliteDatabase& database, const std::string& path, const CopyProgress& progress);
+
+} // namespace qvserver
+
+#endif

@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "server/sqlite/database.h"
+
+#include <variant>
+
+#include "server/store/like.h"
+
+namespace qvserver {
+
+namespace {
+
+constexpr int busyTimeoutSeconds = 10;
+constexpr std::size_t maxStatements = 500;
+
+std::string_view textOf(sqlite3_value* value)
+{
+    const void* const bytes = sqlite3_value_text(value);
+    const auto size = static_cast<std::size_t>(sqlite3_value_bytes(value));
+    return bytes == nullptr ? std::string_view() : std::string_view(static_cast<const char*>(bytes), size);
+}
+
+void likeOfSqlite(sqlite3_context* context, int /*count*/, sqlite3_value** arguments)
+{
+    sqlite3_result_int(context, isLike(textOf(arguments[0]), textOf(arguments[1])) ? 1 : 0);
+}
+
+void numberOfSqlite(sqlite3_context* context, int /*count*/, sqlite3_value** arguments)
+{
+    struct Result {
+        sqlite3_context* context;
+        void operator()(std::int64_t value) const { sqlite3_result_int64(context, value); }
+        void operator()(double value) const { sqlite3_result_double(context, value); }
+    };
+    if (const auto number = parseNumber(textOf(arguments[0]))) {
+        std::visit(Result{context}, *number);
+    }
+}
+
+} // namespace
+
+void failOfSqlite(sqlite3* database, int code)
+{
+    const std::string reason = database == nullptr ? sqlite3_errstr(code) : sqlite3_errmsg(database);
+    const char* const file = database == nullptr ? nullptr : sqlite3_db_filename(database, "main");
+    const std::string store =
+        file == nullptr || *file == '\0' ? "the store" : std::string("the store ") + file;
+    switch (code & 0xFF) {
+    case SQLITE_NOMEM:
+        throw std::bad_alloc();
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        fail(Failure::StoreBusy, store, " was kept busy by another process for ", busyTimeoutSeconds,
+             " seconds; nothing was changed, try again");
+    case SQLITE_READONLY:
+    case SQLITE_PERM:
+        fail(Failure::StoreReadOnly, store, " cannot be written (", reason,
+             "); check the permissions of the file and its folder");
+    case SQLITE_NOTADB:
+    case SQLITE_CORRUPT:
+        fail(Failure::StoreUnusable, store, " is damaged or not a store at all (", reason, ")");
+    case SQLITE_FULL:
+        fail(Failure::StoreFailure, store, " has no room left on its disk; nothing was changed");
+    default:
+        fail(Failure::StoreFailure, store, " failed: ", reason);
+    }
+}
+
+SqliteDatabase::SqliteDatabase(const std::string& path)
+{
+    sqlite3* opened = nullptr;
+    constexpr int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE |
+                          SQLITE_OPEN_NOMUTEX; // the interface is used from one thread at a time
+    const int code = sqlite3_open_v2(path.c_str(), &opened, flags, nullptr);
+    handle_.reset(opened);
+    if (code == SQLITE_NOMEM) {
+        throw std::bad_alloc();
+    }
+    if (code != SQLITE_OK) {
+        fail(Failure::StoreUnusable, "the store ", path, " cannot be opened: ", sqlite3_errmsg(opened));
+    }
+    sqlite3_busy_timeout(opened, busyTimeoutSeconds * 1000);
+    run("PRAGMA synchronous = FULL; PRAGMA foreign_keys = OFF; PRAGMA trusted_schema = OFF");
+    addFunctions();
+}
+
+void SqliteDatabase::addFunctions()
+{
+    constexpr int flags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY;
+    const auto add = [this](const char* name, int arguments,
+                            void (*function)(sqlite3_context*, int, sqlite3_value**)) {
+        const int code = sqlite3_create_function_v2(handle(), name, arguments, flags, nullptr, function,
+                                                    nullptr, nullptr, nullptr);
+        if (code != SQLITE_OK) {
+            failOfSqlite(handle(), code);
+        }
+    };
+    add(likeFunction, 2, likeOfSqlite);
+    add(numberFunction, 1, numberOfSqlite);
+}
+
+SqliteDatabase::Use SqliteDatabase::use(const Sql& sql)
+{
+    SqliteStatement& statement = prepared(sql.text);
+    int index = 0;
+    for (const SqlValue& parameter : sql.parameters) {
+        ++index;
+        std::visit([&](const auto& value) { statement.bind(index, value); }, parameter);
+    }
+    return Use(*this, statement);
+}
+
+SqliteStatement& SqliteDatabase::prepared(std::string_view text)
+{
+    std::string key(text);
+    if (const auto known = statements_.find(key); known != statements_.end()) {
+        known->second.reset();
+        return known->second;
+    }
+    if (statements_.size() >= maxStatements && inUse_ == 0) {
+        statements_.clear(); // texts that come and go; those in steady use are soon back
+    }
+    SqliteStatement statement(handle(), key);
+    return statements_.emplace(std::move(key), std::move(statement)).first->second;
+}
+
+void SqliteDatabase::run(const char* text)
+{
+    const int code = sqlite3_exec(handle(), text, nullptr, nullptr, nullptr);
+    if (code != SQLITE_OK) {
+        failOfSqlite(handle(), code);
+    }
+}
+
+std::int64_t SqliteDatabase::numberOf(std::string_view pragma) const
+{
+    SqliteStatement statement(handle(), "PRAGMA " + std::string(pragma));
+    return statement.step() ? statement.integer(0) : 0;
+}
+
+} // namespace qvserver

@@ -1,0 +1,313 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "server/sqlite/store.h"
+
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include "server/sqlite/copy.h"
+#include "server/sqlite/lookup.h"
+#include "server/sqlite/schema.h"
+#include "server/store/query_sql.h"
+
+namespace qvserver {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/** Fails because of what stands in the way of a new store. */
+[[noreturn]] void failToMake(const std::string& path, const std::error_code& error)
+{
+    if (error == std::errc::file_exists) {
+        fail(Failure::StoreExists, "nothing was made: there is already something at ", path,
+             "; if it is a store, use it as it is, and if you do not need it, remove it; or choose another "
+             "path, with --store or in QV_STORE");
+    }
+    fail(Failure::StoreFailure, "cannot make a store at ", path, ": ", error.message(),
+         "; choose a path that you may write, with --store or in QV_STORE");
+}
+
+/** A new, empty file, which only one process can have made; removed again unless it is kept. */
+class NewFile {
+public:
+    explicit NewFile(std::string path) : path_(std::move(path))
+    {
+        constexpr mode_t ownerAndGroup = 0660;
+        const int file = ::open(path_.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, ownerAndGroup);
+        if (file < 0) {
+            failToMake(path_, {errno, std::generic_category()});
+        }
+        ::close(file);
+    }
+    ~NewFile()
+    {
+        for (const std::string& path : SqliteStore::filesAt(path_)) {
+            std::error_code ignored;
+            if (!kept_) {
+                fs::remove(path, ignored);
+            }
+        }
+    }
+    NewFile(const NewFile&) = delete;
+    NewFile& operator=(const NewFile&) = delete;
+    void keep() noexcept { kept_ = true; }
+
+private:
+    std::string path_;
+    bool kept_ = false;
+};
+
+} // namespace
+
+std::unique_ptr<SqliteStore> SqliteStore::make(const std::string& path, bool inMemory)
+{
+    return std::unique_ptr<SqliteStore>(
+        new SqliteStore(path, inMemory)); // NOLINT: the constructor is private
+}
+
+std::unique_ptr<Store> SqliteStore::open(const std::string& path)
+{
+    std::error_code error;
+    const auto status = fs::status(path, error);
+    if (status.type() == fs::file_type::not_found) {
+        fail(Failure::StoreMissing, "there is no store at ", path, "; to make one, run: velrzm init");
+    }
+    if (status.type() != fs::file_type::regular) {
+        fail(Failure::StoreUnusable, path,
+             fs::is_directory(status) ? " is a folder, not a store" : " is not a file",
+             "; set QV_STORE to sqlite: and the path of a store", error ? ": " + error.message() : "");
+    }
+    auto store = make(path);
+    checkSchema(store->database_, path);
+    if (store->database_.isReadOnly()) {
+        fail(Failure::StoreReadOnly, "the store ", path,
+             " is read-only for this user; check the permissions of the file and its folder");
+    }
+    return store;
+}
+
+void SqliteStore::requireNothingAt(const std::string& path)
+{
+    std::error_code ignored;
+    if (fs::exists(fs::symlink_status(path, ignored))) {
+        failToMake(path, std::make_error_code(std::errc::file_exists));
+    }
+}
+
+void SqliteStore::create(const std::string& path, std::string_view user, std::string_view passwordHash)
+{
+    std::error_code error;
+    if (const auto folder = fs::path(path).parent_path();
+        !folder.empty() && !fs::create_directories(folder, error) && error) {
+        failToMake(path, error);
+    }
+    NewFile file(path);
+    const auto store = make(path);
+    store->database_.run("PRAGMA journal_mode = WAL");
+    Transaction transaction(*store, Access::Write);
+    createSchema(store->database_);
+    store->putUser(user, passwordHash);
+    transaction.commit();
+    file.keep();
+}
+
+std::unique_ptr<Store> SqliteStore::inMemory()
+{
+    auto store = make(":memory:", true);
+    createSchema(store->database_);
+    return store;
+}
+
+std::vector<std::string> SqliteStore::filesAt(const std::string& path)
+{
+    return {path, path + "-wal", path + "-shm", path + "-journal"};
+}
+
+void SqliteStore::begin(Access access)
+{
+    if (depth_ > 0 && !database_.inTransaction()) {
+        fail(Failure::MultiSaveLost,
+             "the store dropped the open multi-save after a failure; discard it and start again");
+    }
+    if (depth_ > 0) {
+        database_.run("SAVEPOINT part");
+    } else {
+        database_.run(access == Access::Write ? "BEGIN IMMEDIATE" : "BEGIN");
+    }
+    ++depth_;
+}
+
+void SqliteStore::commit()
+{
+    --depth_;
+    if (!database_.inTransaction()) {
+        fail(Failure::MultiSaveLost,
+             "the store dropped the changes after a failure; nothing of them was stored");
+    }
+    try {
+        database_.run(depth_ > 0 ? "RELEASE part" : "COMMIT");
+    } catch (const std::exception&) {
+        database_.tryRun(depth_ > 0 ? "ROLLBACK TO part; RELEASE part" : "ROLLBACK");
+        throw;
+    }
+}
+
+void SqliteStore::rollback() noexcept
+{
+    --depth_;
+    if (database_.inTransaction()) {
+        database_.tryRun(depth_ > 0 ? "ROLLBACK TO part; RELEASE part" : "ROLLBACK");
+    }
+}
+
+std::int64_t SqliteStore::nextNumber()
+{
+    auto next = database_.use("UPDATE sequence SET last = last + 1 RETURNING last");
+    next->step();
+    return next->integer(0);
+}
+
+bool SqliteStore::insert(const Class& objectClass, std::int64_t id, const Values& values)
+{
+    Sql sql;
+    std::string columns(objectIdPath);
+    std::string places = "?1";
+    sql.parameters.emplace_back(id);
+    for (const Attribute& attribute : objectClass.attributes) {
+        sql.parameters.emplace_back(std::string(valueOf(values, attribute.path)));
+        columns += ", " + sqlName(attribute.path);
+        places += ", ?" + std::to_string(sql.parameters.size());
+    }
+    sql.text = "INSERT INTO " + sqlName(objectClass.name) + " (" + columns + ") VALUES (" + places + ')';
+    if (!database_.use(sql)->stepUnique()) {
+        return false;
+    }
+    for (const auto& [path, value] : values) {
+        if (objectClass.attribute(path) == nullptr && !value.empty()) {
+            putAdded(id, path, value);
+        }
+    }
+    return true;
+}
+
+bool SqliteStore::update(const Class& objectClass, std::int64_t id, const Values& values, Count count)
+{
+    Sql sql;
+    sql.text = count == Count::Save ? "update_count = update_count + 1" : "update_count = update_count";
+    sql.parameters.emplace_back(id);
+    for (const auto& [path, value] : values) {
+        if (objectClass.attribute(path) == nullptr) {
+            putAdded(id, path, value);
+        } else {
+            sql.parameters.emplace_back(value);
+            sql.text += ", " + sqlName(path) + " = ?" + std::to_string(sql.parameters.size());
+        }
+    }
+    sql.text = "UPDATE " + sqlName(objectClass.name) + " SET " + sql.text + " WHERE db_object_id = ?1";
+    return database_.use(sql)->stepUnique();
+}
+
+void SqliteStore::putAdded(std::int64_t id, std::string_view path, std::string_view value)
+{
+    database_
+        .use("INSERT INTO attribute VALUES (?1, ?2, ?3) ON CONFLICT DO UPDATE SET value = excluded.value", id,
+             path, value)
+        ->step();
+}
+
+void SqliteStore::remove(const Class& objectClass, std::int64_t id)
+{
+    database_.use("DELETE FROM " + sqlName(objectClass.name) + " WHERE db_object_id = ?1", id)->step();
+    database_.use("DELETE FROM attribute WHERE object = ?1", id)->step();
+}
+
+Values SqliteStore::values(const Class& objectClass, std::int64_t id)
+{
+    Query query = {&objectClass, {}, {isObject(id)}};
+    for (const Attribute& attribute : objectClass.attributes) {
+        query.select.emplace_back(attribute.path);
+    }
+    const auto rows = select(query);
+    Values values;
+    for (std::size_t column = 0; !rows->empty() && column < query.select.size(); ++column) {
+        values.emplace(query.select[column], rows->value(0, column));
+    }
+    auto added = database_.use("SELECT name, value FROM attribute WHERE object = ?1", id);
+    while (added->step()) {
+        values.emplace(added->text(0), added->text(1));
+    }
+    return values;
+}
+
+std::shared_ptr<const Rows> SqliteStore::select(const Query& query)
+{
+    const Sql sql = sqlOf(query);
+    auto rows = std::make_shared<Rows>(query.select);
+    auto found = database_.use(sql);
+    while (found->step()) {
+        found->appendTo(*rows);
+    }
+    return rows;
+}
+
+std::unique_ptr<Lookup> SqliteStore::lookup(Query query, std::string_view path)
+{
+    return std::make_unique<SqliteLookup>(database_, std::move(query), path);
+}
+
+std::int64_t SqliteStore::count(const Class& objectClass)
+{
+    auto counted = database_.use("SELECT COUNT(*) FROM " + sqlName(objectClass.name));
+    counted->step();
+    return counted->integer(0);
+}
+
+std::int64_t SqliteStore::formatVersion() const
+{
+    return versionOfSchema(database_);
+}
+
+std::uintmax_t SqliteStore::size() const
+{
+    return static_cast<std::uintmax_t>(database_.numberOf("page_count") * database_.numberOf("page_size"));
+}
+
+void SqliteStore::copyTo(const std::string& path, const CopyProgress& progress)
+{
+    copyDatabase(database_, path, progress);
+}
+
+std::vector<std::string> SqliteStore::userNames()
+{
+    std::vector<std::string> names;
+    auto found = database_.use("SELECT name FROM user ORDER BY name");
+    while (found->step()) {
+        names.emplace_back(found->text(0));
+    }
+    return names;
+}
+
+std::optional<std::string> SqliteStore::passwordHash(std::string_view user)
+{
+    auto found = database_.use("SELECT password FROM user WHERE name = ?1", user);
+    return found->step() ? std::optional<std::string>(found->text(0)) : std::nullopt;
+}
+
+void SqliteStore::putUser(std::string_view user, std::string_view passwordHash)
+{
+    database_
+        .use("INSERT INTO user VALUES (?1, ?2) ON CONFLICT DO UPDATE SET password = excluded.password", user,
+             passwordHash)
+        ->step();
+}
+
+void SqliteStore::removeUser(std::string_view user)
+{
+    database_.use("DELETE FROM user WHERE name = ?1", user)->step();
+}
+
+} // namespace qvserver

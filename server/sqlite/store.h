@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// The store as an SQLite database, in a file that several processes may share or in memory.
+#ifndef VELRZM_SERVER_SQLITE_STORE_H
+#define VELRZM_SERVER_SQLITE_STORE_H
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "server/sqlite/database.h"
+#include "server/store/store.h"
+
+namespace qvserver {
+
+class SqliteStore : public Store {
+public:
+    /** The store in the file at `path`. */
+    static std::unique_ptr<Store> open(const std::string& path);
+    /** A new store at `path`, where nothing may be, with one user; nothing is left there when it fails. */
+    static void create(const std::string& path, std::string_view user, std::string_view passwordHash);
+    /** Fails as `create` would when there is something at `path`. */
+    static void requireNothingAt(const std::string& path);
+    /** A new store in memory. */
+    static std::unique_ptr<Store> inMemory();
+    /** The files of a store at `path`: its own first, then those that come and go beside it. */
+    static std::vector<std::string> filesAt(const std::string& path);
+
+    void begin(Access access) override;
+    void commit() override;
+    void rollback() noexcept override;
+
+    std::int64_t nextNumber() override;
+    bool insert(const Class& objectClass, std::int64_t id, const Values& values) override;
+    bool update(const Class& objectClass, std::int64_t id, const Values& values, Count count) override;
+    void remove(const Class& objectClass, std::int64_t id) override;
+    Values values(const Class& objectClass, std::int64_t id) override;
+    std::shared_ptr<const Rows> select(const Query& query) override;
+    std::unique_ptr<Lookup> lookup(Query query, std::string_view path) override;
+    std::int64_t count(const Class& objectClass) override;
+
+    std::int64_t formatVersion() const override;
+    std::uintmax_t size() const override;
+    void copyTo(const std::string& path, const CopyProgress& progress) override;
+
+    bool isOpenToAll() const noexcept override { return inMemory_; }
+    std::vector<std::string> userNames() override;
+    std::optional<std::string> passwordHash(std::string_view user) override;
+    void putUser(std::string_view user, std::string_view passwordHash) override;
+    void removeUser(std::string_view user) override;
+
+private:
+    SqliteStore(const std::string& path, bool inMemory) : database_(path), inMemory_(inMemory) {}
+    static std::unique_ptr<SqliteStore> make(const std::string& path, bool inMemory = false);
+    void putAdded(std::int64_t id, std::string_view path, std::string_view value);
+
+    SqliteDatabase database_;
+    bool inMemory_;
+    int depth_ = 0; // of transactions within one another
+};
+
+} // namespace qvserver
+
+#endif

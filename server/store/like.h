@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// Patterns of "&LIKE": % stands for any characters, _ for one; upper and lower case differ.
+#ifndef VELRZM_SERVER_STORE_LIKE_H
+#define VELRZM_SERVER_STORE_LIKE_H
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace qvserver {
+
+/** Whether `value` matches `pattern`, with no or any number of blanks at its end. */
+bool isLike(std::string_view value, std::string_view pattern) noexcept;
+
+/** Bounds of all values that can match a pattern: `first` <= value < `end`, blank-padded. */
+struct LikeRange {
+    std::string first;
+    std::string end;
+};
+
+/** The bounds that the characters before the first % or _ give; none when there are no such bounds. */
+std::optional<LikeRange> rangeOfLike(std::string_view pattern);
+
+} // namespace qvserver
+
+#endif

@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// What the server asks of a database: objects with their values, queries, users, transactions. What an object
+// means is not the store's business; it knows the classes only as the shape of its tables.
+#ifndef VELRZM_SERVER_STORE_STORE_H
+#define VELRZM_SERVER_STORE_STORE_H
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "server/base/class_table.h"
+#include "server/store/query.h"
+#include "server/store/rows.h"
+
+namespace qvserver {
+
+enum class Access { Read, Write };
+
+/** Whether a change of an object counts as a save of it. */
+enum class Count { Save, Nothing };
+
+/**
+ * A query that is asked for many values of one attribute, in the order that costs least: many values at once cost
+ * less than one after the other. It belongs in one transaction.
+ */
+class Lookup {
+public:
+    /** Told that a value, by its key, has the rows from `firstRow` on, and the ids of their objects. */
+    using Answer =
+        std::function<void(std::uint32_t key, std::size_t firstRow, const std::vector<std::int64_t>& ids)>;
+
+    Lookup() = default;
+    Lookup(const Lookup&) = delete;
+    Lookup& operator=(const Lookup&) = delete;
+    virtual ~Lookup() = default;
+
+    /** Told how many values there are to look for. With many it pays to read first which ones are stored. */
+    virtual void expect(std::size_t values) = 0;
+    /** False when no value with that `hashOf` is stored: it need not be asked for. */
+    virtual bool mayFind(std::uint32_t hash) const noexcept = 0;
+    /** Takes a value to look for. It must stay where it is until it is found. */
+    virtual void ask(std::string_view value, std::uint32_t key) = 0;
+    /** Appends to `rows` what is found for the values asked for, and tells of each one that has something. */
+    virtual void find(Rows& rows, const Answer& answer) = 0;
+};
+
+/** Told how many bytes of how many are copied; it may throw to end the copying. */
+using CopyProgress = std::function<void(std::uintmax_t done, std::uintmax_t total)>;
+
+class Store {
+public:
+    Store() = default;
+    Store(const Store&) = delete;
+    Store& operator=(const Store&) = delete;
+    virtual ~Store() = default;
+
+    /** Begins a transaction, or a part of the open one that can be taken back alone. */
+    virtual void begin(Access access) = 0;
+    virtual void commit() = 0;
+    virtual void rollback() noexcept = 0;
+
+    /** The next of the rising numbers that objects are identified with. */
+    virtual std::int64_t nextNumber() = 0;
+    /** Stores a new object; false when one with the same keys is stored. */
+    virtual bool insert(const Class& objectClass, std::int64_t id, const Values& values) = 0;
+    /** Sets `values` of an object; false when another one has the resulting keys. */
+    virtual bool update(const Class& objectClass, std::int64_t id, const Values& values, Count count) = 0;
+    virtual void remove(const Class& objectClass, std::int64_t id) = 0;
+    /** All values of an object; none when it is not stored. */
+    virtual Values values(const Class& objectClass, std::int64_t id) = 0;
+    virtual std::shared_ptr<const Rows> select(const Query& query) = 0;
+    /**
+     * `query`, without an order, among the objects that have a value of the attribute `path`. Its transaction
+     * must be open: one for each question would cost more than the answer.
+     */
+    virtual std::unique_ptr<Lookup> lookup(Query query, std::string_view path) = 0;
+    virtual std::int64_t count(const Class& objectClass) = 0;
+
+    /** The version of the form in which objects are kept. */
+    virtual std::int64_t formatVersion() const = 0;
+    /** How many bytes everything takes. */
+    virtual std::uintmax_t size() const = 0;
+    /** Writes what is committed at this moment to the empty file at `path`, while others go on working. */
+    virtual void copyTo(const std::string& path, const CopyProgress& progress) = 0;
+
+    /** Whether the store keeps no users and anybody may use it. */
+    virtual bool isOpenToAll() const noexcept = 0;
+    virtual std::vector<std::string> userNames() = 0;
+    virtual std::optional<std::string> passwordHash(std::string_view user) = 0;
+    /** Adds a user or gives a known one another password. */
+    virtual void putUser(std::string_view user, std::string_view passwordHash) = 0;
+    virtual void removeUser(std::string_view user) = 0;
+};
+
+/** A transaction, or a part of one, that is taken back unless it is committed. */
+class Transaction {
+public:
+    Transaction(Store& store, Access access) : store_(store) { store_.begin(access); }
+    ~Transaction()
+    {
+        if (!ended_) {
+            store_.rollback();
+        }
+    }
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+
+    void commit()
+    {
+        ended_ = true; // a commit that fails takes back by itself
+        store_.commit();
+    }
+
+private:
+    Store& store_;
+    bool ended_ = false;
+};
+
+/** Whether the query finds anything. */
+inline bool exists(Store& store, Query query)
+{
+    query.limit = 1;
+    return !store.select(query)->empty();
+}
+
+} // namespace qvserver
+
+#endif

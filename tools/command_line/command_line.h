@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// The command line: options that all commands share, and the command that it names.
+#ifndef VELRZM_TOOLS_COMMAND_LINE_COMMAND_LINE_H
+#define VELRZM_TOOLS_COMMAND_LINE_COMMAND_LINE_H
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <CLI/App.hpp>
+
+#include "tools/output/format.h"
+
+namespace tools {
+
+/** The options that all commands share. */
+struct Settings {
+    std::string store; // location, or just the path, of the store; empty: where the environment says
+    std::string user;
+    std::string passwordFile;
+    std::optional<int> traceLevel;
+    Format format = Format::Table;
+};
+
+/** Forms of results and how they are called. */
+using NamedFormats = std::vector<std::pair<std::string, Format>>;
+
+class CommandLine {
+public:
+    /** The settings are those that hold unless the command line says otherwise. */
+    explicit CommandLine(Settings settings = {});
+    CommandLine(const CommandLine&) = delete;
+    CommandLine& operator=(const CommandLine&) = delete;
+
+    /** Reads `arguments`. Throws WrongUsage when they make no sense. */
+    void parse(std::vector<std::string> arguments);
+    /** Does what they ask for. */
+    void act() const;
+
+    CLI::App& app() { return app_; }
+    const Settings& settings() const { return settings_; }
+
+    /** Adds a word that stands before others: "user" of "user add". */
+    CLI::App& addGroup(const std::string& name, const std::string& description);
+    /** Adds a command; `example` is the last line of its help.
+     * A description is a summary of one line, and whatever a reader should know besides in paragraphs
+     * behind an empty line. */
+    CLI::App& addCommand(CLI::App& parent, const std::string& name, const std::string& description,
+                         const std::string& example, std::function<void()> action);
+    /** Offers a command more forms of its results than all commands have. */
+    void addFormats(CLI::App& command, const NamedFormats& further);
+
+private:
+    void addSharedOptions();
+    void addFormat(CLI::App& command, const NamedFormats& offered);
+
+    CLI::App app_;
+    Settings settings_;
+    std::function<void()> action_;
+};
+
+/** Each adds the commands of one subject. */
+void addBatch(CommandLine& line);
+void addDefaultsCommands(CommandLine& line);
+void addDemo(CommandLine& line);
+void addDoctor(CommandLine& line);
+void addHelpCommands(CommandLine& line);
+void addLogCommands(CommandLine& line);
+void addOperationCommands(CommandLine& line);
+void addPartsListCommands(CommandLine& line);
+void addStoreCommands(CommandLine& line);
+
+} // namespace tools
+
+#endif

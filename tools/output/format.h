@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// Results in the forms that people and programs read.
+#ifndef VELRZM_TOOLS_OUTPUT_FORMAT_H
+#define VELRZM_TOOLS_OUTPUT_FORMAT_H
+
+#include "tools/output/records.h"
+
+namespace tools {
+
+/** Dot and Svg are offered by commands that draw them themselves. */
+enum class Format { Table, Json, Csv, PrintList, Dot, Svg };
+
+/** One object, or as many as there are. */
+enum class Shape { Object, List };
+
+/** Writes records to the results. Only the table may cut values, to the width of a terminal. */
+void writeRecords(const Records& records, Shape shape, Format format);
+
+} // namespace tools
+
+#endif

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: Apache-2.0
+#ifndef VELRZM_TOOLS_PROCESS_LOCAL_SERVER_H
+#define VELRZM_TOOLS_PROCESS_LOCAL_SERVER_H
+
+namespace tools {
+
+/** Whether the local server, and not another library, serves the calls of this program. */
+bool localServerServes();
+
+} // namespace tools
+
+#endif

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// Where the library's logs go.
+#ifndef VELRZM_TOOLS_PROCESS_LOG_PLACES_H
+#define VELRZM_TOOLS_PROCESS_LOG_PLACES_H
+
+#include <filesystem>
+#include <vector>
+
+namespace tools {
+
+/** Error log and last-error file go where the environment says, otherwise into the user's state directory: in
+ * the working directory, the library's own default, they would replace those of the program that is looked
+ * into. Returns the directories that were made for them, each before those in it. */
+std::vector<std::filesystem::path> keepLogsOutOfTheWay();
+
+} // namespace tools
+
+#endif

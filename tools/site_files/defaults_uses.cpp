@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/site_files/defaults_uses.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace tools {
+
+const std::vector<DefaultsUse>& defaultsUses()
+{
+    using Limit = DefaultsUse::Limit;
+    using Effect = DefaultsUse::Effect;
+    static const std::vector<DefaultsUse> uses = {
+        {"EngineeringChangeCreate",
+         "EngineeringChangeCreate",
+         Limit::None,
+         Effect::SetOnObject,
+         {"id", "desc", "update_count", "initiator@person_identifier"}},
+        {"AffectedItemCreate", "AffectedItemCreate", Limit::First19, Effect::SetOnObject},
+        {"ItemCreate",
+         "ItemCreate",
+         Limit::None,
+         Effect::SetOnObject,
+         {"logical_key@item_number", "logical_key@loc_id", "il_ec_number", "name", "design_loc_id",
+          "update_count"}},
+        {"ItemSave", "ItemCreate", Limit::None, Effect::SetOnObject, {"name"}},
+        {"ItemHeaderCreate",
+         "ItemHeaderCreate",
+         Limit::None,
+         Effect::SetOnObject,
+         {"il_ec_number", "logical_key@item_number", "name", "description", "item_type", "x_sec_level_code",
+          "x_sec_cat_code", "update_count"}},
+        {"ItemPUEffectivityCreate",
+         "ItemPUEffectivityCreate",
+         Limit::None,
+         Effect::SetOnObject,
+         {"update_count", "loc_id", "item_number", "ecid", "prod_id", "cut_in_unit"}},
+        {"DocumentCreateCheckIn", "DocumentCreateCheckIn", Limit::First19, Effect::SetOnObject},
+        {"DocumentCheckOut", "DocumentCheckOut", Limit::First19, Effect::SetOnObject},
+        {"DocumentCheckIn", "DocumentCheckIn", Limit::First19, Effect::SetOnObject},
+        {"DocumentCancelCheckOut", "DocumentCancelCheckOut", Limit::First19, Effect::SetOnObject},
+        {"DocumentMakeNewRevision", "DocumentMakeNewRevision", Limit::First19, Effect::SetOnObject},
+        {"DocumentMakeECControlled", "DocumentMakeECControlled", Limit::First19, Effect::OnlyLogged},
+        {"BomHeaderCreate", "BomHeaderCreate", Limit::First19, Effect::SetOnObject},
+        {"ItemReferenceCreate", "ItemReferenceCreate", Limit::First19, Effect::SetOnObject},
+        {"XlatRead", "XlatRead", Limit::None, Effect::NamesTable},
+    };
+    return uses;
+}
+
+std::vector<DefaultsUse> usesOfEntries(const std::string& name)
+{
+    std::vector<DefaultsUse> found;
+    std::copy_if(defaultsUses().begin(), defaultsUses().end(), std::back_inserter(found),
+                 [&name](const DefaultsUse& use) { return use.entries == name; });
+    return found;
+}
+
+} // namespace tools

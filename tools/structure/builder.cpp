@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/structure/builder.h"
+
+#include <velrzm/items.h>
+#include <velrzm/product_structure.h>
+#include <velrzm/result.h>
+
+#include "tools/process/attribute_names.h"
+#include "tools/process/failures.h"
+#include "tools/process/interruption.h"
+
+namespace tools {
+
+namespace {
+
+void require(int result, const std::string& what)
+{
+    checkInterruption();
+    if (result != 1) {
+        const char* const reason = QV_Error_Size() > 0 ? QV_Error_MsgTxt(0) : "for no reason that it gives";
+        throw Refused(what + " was refused by the server (code " + std::to_string(QV_RC) + "): " + reason);
+    }
+}
+
+} // namespace
+
+void StructureBuilder::createItem(const NewItem& item)
+{
+    NewItem stored = item;
+    VELListValVELUnicodeString names = textList(item.attributeNames);
+    VELListValVELUnicodeString values = textList(item.attributeValues);
+    VELListValVELUnicodeString nothing;
+    require(ItemCreate(change_.data(), stored.number.data(), stored.name.data(), stored.type.data(), names,
+                       values, nothing),
+            "item " + stored.number);
+    ++items_;
+}
+
+void StructureBuilder::createHeader(const std::string& item)
+{
+    std::string number = item;
+    TextArray nothing({});
+    require(BomHeaderCreate(change_.data(), number.data(), nothing.data()), "the header of " + item);
+}
+
+void StructureBuilder::addComponent(const std::string& parent, const std::string& component, int quantity)
+{
+    constexpr int step = 10;
+    std::string parentNumber = parent;
+    std::string componentNumber = component;
+    std::string noType;
+    TextArray nothing({});
+    const std::string line = "component " + component + " of " + parent;
+    for (int occurrence = 0; occurrence < quantity; ++occurrence) {
+        std::string sequence = std::to_string(lastSequence_[parent] += step);
+        require(ComponentCreate(change_.data(), parentNumber.data(), componentNumber.data(), sequence.data(),
+                                noType.data(), nothing.data()),
+                line);
+        ++lines_;
+    }
+}
+
+} // namespace tools
