@@ -7,12 +7,26 @@
 #include <set>
 #include <utility>
 
-#include "server/administration/loader_csv.h"
+#include "csv/csv_file.h"
 #include "server/base/errors.h"
 
 namespace qvserver {
 
 namespace {
+
+std::vector<csv::Record> recordsOf(const std::string& path)
+{
+    try {
+        return csv::readFile(path);
+    } catch (const csv::Error& error) {
+        fail(Failure::BadArgument, error.what(), "; nothing was loaded");
+    }
+}
+
+[[noreturn]] void failAtLine(const std::string& path, std::size_t line, const std::string& reason)
+{
+    fail(Failure::BadArgument, path, ':', line, ": ", reason, "; nothing was loaded");
+}
 
 std::string join(const std::vector<std::string>& texts)
 {
@@ -32,7 +46,7 @@ public:
 
     std::vector<Values> read()
     {
-        const std::vector<CsvRecord> records = readCsv(path_);
+        const std::vector<csv::Record> records = recordsOf(path_);
         if (records.empty()) {
             failAtLine(path_, 1, "the file is empty; it begins with the line " + header());
         }
@@ -55,7 +69,7 @@ private:
     }
 
     /** Takes note of the columns, which may come in any order. */
-    void takeHeader(const CsvRecord& record)
+    void takeHeader(const csv::Record& record)
     {
         for (const std::string& field : record.fields) {
             const auto column =
@@ -73,7 +87,7 @@ private:
         }
     }
 
-    Values valuesOf(const CsvRecord& record)
+    Values valuesOf(const csv::Record& record)
     {
         if (record.fields.size() != columns_.size()) {
             failAtLine(path_, record.line,

@@ -101,9 +101,10 @@ TEST_F(LoaderTest, RefusesWrongRowsWithFileLineAndReason)
         {tablesOf, "table,from,to\nt,,b\n", "2: the from is empty"},
         {optionsOf, good + "P2,F,V\nP2,F,\"V \"\n", "6: 'P2,F,V' stands already in line 5"},
         {tablesOf, "table,from,to\nt,a,b\nu,a,b\nt,a,c\n", "4: 't,a' stands already in line 2"},
-        {optionsOf, good + "P2,F,\"V\"x\n", "5: the quotes"},
-        {optionsOf, good + "P2,F\"F,V\n", "5: the quotes"},
-        {optionsOf, good + "P2,F,\"V\nP3,F,V\n", "5: the quotes"},
+        {optionsOf, good + "P2,F,\"V\"x\n", "5: the quotes do not match at byte 9 of line 5"},
+        {optionsOf, good + "P2,F\"F,V\n", "5: the quotes do not match at byte 5 of line 5"},
+        {optionsOf, good + "P2,F,\"V\nP3,\"F\",V\n", "5: the quotes do not match at byte 5 of line 6"},
+        {optionsOf, good + "P2,F,\"V\nP3,F,V\n", "5: the quotes do not match before the end of the file"},
         {optionsOf, good + "P2,F," + std::string(1, '\0') + "\n", "5: the variant contains a NUL"},
         {optionsOf, good + "P2,F," + std::string(4001, 'V') + "\n",
          "5: the variant has 4001 characters; at most 4000"},
@@ -125,8 +126,9 @@ TEST_F(LoaderTest, RefusesFilesAndStoresThatCannotBeUsed)
         return failureOf([&] { qvlocal::loadProductOptions(store, file); });
     };
     harness::writeFile("rows.csv", "product,feature,variant\n");
-    EXPECT_EQ(refusalOf(location, "none.csv"), "cannot read none.csv: No such file or directory");
-    EXPECT_EQ(refusalOf(location, "."), "cannot read .: Is a directory");
+    EXPECT_EQ(refusalOf(location, "none.csv"),
+              "cannot read none.csv: No such file or directory; nothing was loaded");
+    EXPECT_EQ(refusalOf(location, "."), "cannot read .: Is a directory; nothing was loaded");
     EXPECT_NE(refusalOf("sqlite:none.db", "rows.csv").find("none.db"), std::string::npos);
     EXPECT_NE(refusalOf("sqlite::memory:", "rows.csv").find("memory"), std::string::npos);
 }

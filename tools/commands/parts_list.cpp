@@ -13,6 +13,7 @@
 #include <velrzm/qv_sdk.h>
 #include <velrzm/result.h>
 
+#include "csv/csv_file.h"
 #include "tools/command_line/command_line.h"
 #include "tools/output/progress.h"
 #include "tools/process/attribute_names.h"
@@ -124,6 +125,15 @@ void readMap(ImportOptions& options)
     }
 }
 
+std::vector<csv::Record> recordsOf(const ImportOptions& options)
+{
+    try {
+        return csv::readFile(options.file, options.delimiter.front());
+    } catch (const csv::Error& error) {
+        throw Refused(error.what());
+    }
+}
+
 void complainAbout(const std::string& file, const std::vector<RowComplaint>& complaints)
 {
     for (const RowComplaint& complaint : complaints) {
@@ -134,7 +144,7 @@ void complainAbout(const std::string& file, const std::vector<RowComplaint>& com
 void importPartsList(ImportOptions options, const Settings& settings)
 {
     readMap(options);
-    PartsList list = readPartsList(readCsvFile(options.file, options.delimiter.front()), options.rules);
+    PartsList list = readPartsList(recordsOf(options), options.rules);
     if (!list.complaints.empty() && !options.keepGoing) {
         complainAbout(options.file, list.complaints);
         throw Refused(std::to_string(list.complaints.size()) + " rows of " + options.file +

@@ -47,7 +47,8 @@ std::optional<int> depthOf(const std::string& level)
 /** Turns the rows of a file into rows of a parts list, one after another. */
 class PartsListReader {
 public:
-    PartsListReader(CsvRow header, const PartsListRules& rules) : header_(std::move(header)), rules_(rules)
+    PartsListReader(csv::Record header, const PartsListRules& rules)
+        : header_(std::move(header)), rules_(rules)
     {
         for (std::string& name : header_.fields) {
             name = trimmed(name);
@@ -73,7 +74,7 @@ public:
         }
     }
 
-    void read(const CsvRow& row)
+    void read(const csv::Record& row)
     {
         try {
             PartsListRow line = understood(row);
@@ -115,13 +116,13 @@ private:
         return names;
     }
 
-    std::string field(const CsvRow& row, const std::string& ours) const
+    std::string field(const csv::Record& row, const std::string& ours) const
     {
         const auto found = places_.find(ours);
         return found == places_.end() ? "" : trimmed(row.fields[found->second]);
     }
 
-    PartsListRow understood(const CsvRow& row)
+    PartsListRow understood(const csv::Record& row)
     {
         if (row.fields.size() != header_.fields.size()) {
             throw Refused("it has " + std::to_string(row.fields.size()) + " fields, and there are " +
@@ -135,7 +136,7 @@ private:
         return line;
     }
 
-    NewItem itemOf(const CsvRow& row) const
+    NewItem itemOf(const csv::Record& row) const
     {
         NewItem item{upperCase(field(row, "item_number")),
                      upperCase(field(row, "name")),
@@ -156,7 +157,7 @@ private:
         return item;
     }
 
-    int quantityOf(const CsvRow& row) const
+    int quantityOf(const csv::Record& row) const
     {
         const std::string text = field(row, "quantity");
         const std::optional<int> quantity = text.empty() ? 1 : wholeNumber(text);
@@ -166,7 +167,7 @@ private:
         return *quantity;
     }
 
-    Occurrence parentOf(const CsvRow& row, const std::string& item)
+    Occurrence parentOf(const csv::Record& row, const std::string& item)
     {
         const std::string top = upperCase(rules_.top);
         if (places_.count("level") > 0) {
@@ -231,9 +232,9 @@ private:
     }
 
     /** By occurrence: the first line below it, and how often each item stands below it. */
-    using Occurrences = std::map<std::size_t, std::pair<int, std::map<std::string, int>>>;
+    using Occurrences = std::map<std::size_t, std::pair<std::size_t, std::map<std::string, int>>>;
 
-    CsvRow header_;
+    csv::Record header_;
     const PartsListRules& rules_;
     std::map<std::string, std::size_t> places_;
     std::vector<Occurrence> branch_;
@@ -241,7 +242,7 @@ private:
     std::size_t occurrences_ = 0;
     std::map<std::string, std::size_t> structures_; // the occurrence that tells what stands below an item
     std::map<std::string, Occurrences> lines_;
-    std::map<std::string, std::pair<int, std::string>>
+    std::map<std::string, std::pair<std::size_t, std::string>>
         items_; // the line and the name that it came with first
     PartsList list_;
 };
@@ -264,13 +265,13 @@ std::string attributeOfColumn(std::string column)
     return column;
 }
 
-PartsList readPartsList(const std::vector<CsvRow>& file, const PartsListRules& rules)
+PartsList readPartsList(const std::vector<csv::Record>& file, const PartsListRules& rules)
 {
     if (file.empty()) {
         throw Refused("the file is empty; its first row must name the columns");
     }
     PartsListReader reader(file.front(), rules);
-    std::for_each(file.begin() + 1, file.end(), [&reader](const CsvRow& row) { reader.read(row); });
+    std::for_each(file.begin() + 1, file.end(), [&reader](const csv::Record& row) { reader.read(row); });
     return reader.finished();
 }
 

@@ -4,13 +4,14 @@
 #ifndef VELRZM_TOOLS_STRUCTURE_PARTS_LIST_H
 #define VELRZM_TOOLS_STRUCTURE_PARTS_LIST_H
 
+#include <cstddef>
 #include <map>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "csv/csv_file.h"
 #include "tools/structure/builder.h"
-#include "tools/structure/csv_file.h"
 
 namespace tools {
 
@@ -23,7 +24,7 @@ struct PartsListRules {
 
 /** A row that was understood. */
 struct PartsListRow {
-    int line;
+    std::size_t line;
     NewItem item;
     std::string parent; // empty for a top item
     int quantity;
@@ -32,7 +33,7 @@ struct PartsListRow {
 
 /** What is wrong with a row. */
 struct RowComplaint {
-    int line;
+    std::size_t line;
     std::string reason;
 };
 
@@ -49,7 +50,7 @@ std::string attributeOfColumn(std::string column);
 
 /** Reads rows, of which the first names the columns. Throws WrongUsage when the rules do not fit the columns.
  */
-PartsList readPartsList(const std::vector<CsvRow>& file, const PartsListRules& rules);
+PartsList readPartsList(const std::vector<csv::Record>& file, const PartsListRules& rules);
 
 } // namespace tools
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "server/administration/loader_csv.h"
+#include "csv/csv_file.h"
 
 #include <array>
 #include <cerrno>
@@ -11,9 +11,7 @@
 
 #include <csv.h>
 
-#include "server/base/errors.h"
-
-namespace qvserver {
+namespace csv {
 
 namespace {
 
@@ -29,8 +27,7 @@ std::string contentOf(const std::string& path)
         content.append(block.data(), static_cast<std::size_t>(file.gcount()));
     }
     if (!file.is_open() || file.bad()) {
-        fail(Failure::BadArgument, "cannot read ", path, ": ",
-             std::error_code(errno, std::generic_category()).message());
+        throw Error("cannot read " + path + ": " + std::error_code(errno, std::generic_category()).message());
     }
     return content;
 }
@@ -45,15 +42,16 @@ std::string_view firstLine(std::string_view text)
     return text.substr(0, text.substr(end, 2) == "\r\n" ? end + 2 : end + 1);
 }
 
-/** The CSV parser, fed line by line so that it is known where a record begins. */
+/** The parser of the CSV library, fed line by line so that it is known where a record begins. */
 class Parser {
 public:
-    explicit Parser(const std::string& path) : path_(path)
+    Parser(const std::string& path, char separator) : path_(path)
     {
         constexpr unsigned char options = CSV_STRICT | CSV_STRICT_FINI;
         if (csv_init(&parser_, options) != 0) {
             throw std::bad_alloc();
         }
+        csv_set_delim(&parser_, static_cast<unsigned char>(separator));
     }
     ~Parser() { csv_free(&parser_); }
     Parser(const Parser&) = delete;
@@ -66,22 +64,26 @@ public:
             record_.line = line_;
             isInRecord_ = line.find_first_not_of(" \t\r\n") != std::string_view::npos;
         }
-        if (csv_parse(&parser_, line.data(), line.size(), takeField, takeRecord, this) != line.size() ||
-            outOfMemory_) {
-            failOfParser();
+        const std::size_t accepted =
+            csv_parse(&parser_, line.data(), line.size(), takeField, takeRecord, this);
+        checkMemory();
+        if (accepted != line.size()) {
+            failOfQuotes("at byte " + std::to_string(accepted + 1) + " of line " + std::to_string(line_));
         }
     }
 
-    std::vector<CsvRecord> finish()
+    std::vector<Record> finish()
     {
-        if (csv_fini(&parser_, takeField, takeRecord, this) != 0 || outOfMemory_) {
-            failOfParser();
+        const bool ended = csv_fini(&parser_, takeField, takeRecord, this) == 0;
+        checkMemory();
+        if (!ended) {
+            failOfQuotes("before the end of the file");
         }
         return std::move(records_);
     }
 
 private:
-    // No exception may pass through the parser; without memory it goes on and the failure is told afterwards.
+    // No exception may pass through the C library: a failed allocation is noted and reported afterwards.
     static void takeField(void* text, std::size_t size, void* self) noexcept
     {
         auto& parser = *static_cast<Parser*>(self);
@@ -105,13 +107,18 @@ private:
         }
     }
 
-    [[noreturn]] void failOfParser()
+    void checkMemory()
     {
-        if (outOfMemory_ || csv_error(&parser_) != CSV_EPARSE) {
+        const int error = csv_error(&parser_);
+        if (outOfMemory_ || (error != CSV_SUCCESS && error != CSV_EPARSE)) {
             throw std::bad_alloc();
         }
-        failAtLine(path_, record_.line,
-                   "the quotes do not match; put a field with quotes into quotes and double those inside it");
+    }
+
+    [[noreturn]] void failOfQuotes(const std::string& place) const
+    {
+        throw Error(path_ + ':' + std::to_string(record_.line) + ": the quotes do not match " + place +
+                    "; put a field that contains quotes in quotes itself, and double those inside it");
     }
 
     const std::string& path_;
@@ -119,20 +126,20 @@ private:
     std::size_t line_ = 0;
     bool isInRecord_ = false;
     bool outOfMemory_ = false;
-    CsvRecord record_ = {};
-    std::vector<CsvRecord> records_;
+    Record record_ = {};
+    std::vector<Record> records_;
 };
 
 } // namespace
 
-std::vector<CsvRecord> readCsv(const std::string& path)
+std::vector<Record> readFile(const std::string& path, char separator)
 {
     const std::string content = contentOf(path);
     std::string_view rest = content;
     if (rest.substr(0, byteOrderMark.size()) == byteOrderMark) {
         rest.remove_prefix(byteOrderMark.size());
     }
-    Parser parser(path);
+    Parser parser(path, separator);
     while (!rest.empty()) {
         const std::string_view line = firstLine(rest);
         parser.parse(line);
@@ -141,9 +148,4 @@ std::vector<CsvRecord> readCsv(const std::string& path)
     return parser.finish();
 }
 
-void failAtLine(const std::string& path, std::size_t line, const std::string& reason)
-{
-    fail(Failure::BadArgument, path, ':', line, ": ", reason, "; nothing was loaded");
-}
-
-} // namespace qvserver
+} // namespace csv
