@@ -35,12 +35,12 @@ bool lineContains(const char* text)
 }
 
 /**
- * The next word of the line in `buf`, from its beginning when `first`; null when there is none. The line
- * feed ends a word too.
+ * The next word of the line in `buf`, from its beginning when `first`; null when there is none. The end of
+ * the line, with or without a carriage return, ends a word too.
  */
 char* nextWord(bool first = false)
 {
-    return std::strtok(first ? buf : nullptr, " \n");
+    return std::strtok(first ? buf : nullptr, " \r\n");
 }
 
 /** What stands between the brackets of a field; "" for a missing field or "[]". */

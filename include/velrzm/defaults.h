@@ -13,7 +13,7 @@
  * replace those of the shared file. Both files are read afresh by every call; a missing one is skipped.
  *
  * A line holds the operation's name, an attribute and a value, separated by blanks or tabs; text from a "#"
- * on is a comment; a line is read in pieces of 63 characters.
+ * on is a comment; a line may end as on Windows; a line is read in pieces of 63 characters.
  *
  *     ItemCreate   item_type   P     # the usual part
  *

@@ -144,8 +144,11 @@ class VELToken {
 public:
     explicit VELToken(VELUnicodeString text) noexcept : text_(std::move(text)) {}
 
-    /** The next token, which ends before one of `separators`; an empty string when no token is left. */
-    VELUnicodeString GetNextToken(const char* separators = " \t")
+    /**
+     * The next token, which ends before one of `separators`; an empty string when no token is left. Line ends
+     * are among the usual separators, so that a file from Windows has the same tokens.
+     */
+    VELUnicodeString GetNextToken(const char* separators = " \t\r\n")
     {
         const char* const rest = text_.CastToCharPtr() + next_;
         const char* const begin = rest + std::strspn(rest, separators);

@@ -78,6 +78,7 @@ TEST_F(Defaults, AnEntryIsTheThreeWordsBeforeAComment)
         {"ItemCreate a 1", "a=1;"},
         {"  ItemCreate \t a\t\t1  \n", "a=1;"},
         {"ItemCreate a 1 2 3\n", "a=1;"},
+        {"ItemCreate a 1\r\nItemCreate b\r\n\r\nItemCreate c 3", "a=1;b=;c=3;"},
         {"ItemCreate logical_key@item_number A-1'\"%s\n", "logical_key@item_number=A-1'\"%s;"},
         {"ItemCreate a 1#2\n", "a=1;"},
         {"ItemCreate a #1\n", "a=;"},

@@ -142,6 +142,7 @@ TEST_F(PrintList, WhatIsMissingInAnObjectIsEmpty)
     EXPECT_EQ(objectOf("x [a] = [\nx [b] = [x\n\n"), "a;b;=;x;");
     EXPECT_EQ(objectOf("x [] = [x]\n] = [\n[a] = [\n\n"), ";=;=;=x;;;");
     EXPECT_EQ(objectOf("x\t[a] = [x] y\n\n"), "=;=y;") << "a tab does not separate";
+    EXPECT_EQ(objectOf("x [a] = [x]\r\nx [b] = []\r\n\r\n"), "a;b;=x;;") << "a carriage return separates";
     EXPECT_EQ(objectOf("x [a] = [[x]y]\nx [b] = [][y]\nx [c] = [last]"), "a;b;c;=x;y;last;");
 
     EXPECT_EQ(openText("\na b 2\nQV_Object[\n\nx [a] = [1]\nx [b] = [2]\n\nQV_Object[\n\nx [a] = [3]\n\n"),
@@ -189,7 +190,7 @@ TEST_F(PrintList, AnyBytesGiveWordsWithoutSeparators)
                                           "[",
                                           "]",
                                           " ",
-                                          "\n",
+                                          "\r\n",
                                           "x",
                                           "1 2 3\n",
                                           "a [b] = [c]\n",
@@ -213,7 +214,7 @@ TEST_F(PrintList, AnyBytesGiveWordsWithoutSeparators)
             EXPECT_TRUE(object > 0 || _AttrNames.Size() == _AttrValues.Size());
             for (const auto* const list : {&_AttrNames, &_AttrValues}) {
                 for (int position = 1; position <= list->Size(); ++position, ++words) {
-                    EXPECT_EQ(std::string((*list)[position]).find_first_of("[] \n"), std::string::npos);
+                    EXPECT_EQ(std::string((*list)[position]).find_first_of("[] \r\n"), std::string::npos);
                     EXPECT_LT((*list)[position].GetLengthInChar(), 255);
                 }
             }
