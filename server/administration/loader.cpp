@@ -143,9 +143,8 @@ private:
 /** Removes the objects that have that value of `path`. */
 void removeAll(Store& store, const Class& objectClass, std::string_view path, std::string_view value)
 {
-    const auto stored = store.select({&objectClass, {std::string(objectIdPath)}, {equals(path, value)}});
-    for (std::size_t row = 0; row < stored->size(); ++row) {
-        store.remove(objectClass, std::get<std::int64_t>(parseNumber(stored->value(row, 0)).value()));
+    for (const std::int64_t id : idsOf(store, {&objectClass, {}, {equals(path, value)}})) {
+        store.remove(objectClass, id);
     }
 }
 
@@ -154,20 +153,20 @@ void removeAll(Store& store, const Class& objectClass, std::string_view path, st
 const LoadFormat& productOptions()
 {
     static const LoadFormat format = {
-        "ProductOption", {{"product", "product"}, {"feature", "feature"}, {"variant", "variant"}}};
+        classes::productOption, {{"product", "product"}, {"feature", "feature"}, {"variant", "variant"}}};
     return format;
 }
 
 const LoadFormat& productPackages()
 {
-    static const LoadFormat format = {"ProductOptionPkg",
+    static const LoadFormat format = {classes::productPackage,
                                       {{"product", "product"}, {"package_id", "package_id"}}};
     return format;
 }
 
 const LoadFormat& translationTables()
 {
-    static const LoadFormat format = {"TranslationEntry",
+    static const LoadFormat format = {classes::translationEntry,
                                       {{"table", "table_name"}, {"from", "from"}, {"to", "to", true}}};
     return format;
 }

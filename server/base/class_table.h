@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// The classes of the server as data. Tables, indexes, look-ups, defaults and checks of references all follow
-// from it.
+// The classes of the server as data. Tables, indexes, look-ups, defaults, checks of references and what the server
+// does by itself when an object is saved or deleted all follow from it.
 #ifndef VELRZM_SERVER_BASE_CLASS_TABLE_H
 #define VELRZM_SERVER_BASE_CLASS_TABLE_H
 
@@ -12,6 +12,16 @@
 #include <vector>
 
 namespace qvserver {
+
+/** The classes that code outside the table knows by name. */
+namespace classes {
+constexpr std::string_view item = "ItemEngineeringData";
+constexpr std::string_view component = "Component";
+constexpr std::string_view document = "DocVersion";
+constexpr std::string_view productOption = "ProductOption";
+constexpr std::string_view productPackage = "ProductOptionPkg";
+constexpr std::string_view translationEntry = "TranslationEntry";
+} // namespace classes
 
 /** Values of attributes by path. */
 using Values = std::map<std::string, std::string, std::less<>>;
@@ -35,6 +45,7 @@ enum class Source {
     Caller,   // from whoever saves the object
     Default,  // from the caller, else `text` when the object is new
     Numbered, // from the caller, else `text` with a number that no other object has
+    Counted,  // from the caller, else one more than there are objects with its value of the attribute `text`
     Follows,  // from the caller, else what the caller sets of the attribute `text`
     // What callers set of the rest is not kept.
     OwnId,        // the object's own id
@@ -90,15 +101,52 @@ struct Vault {
     std::string_view holder;
 };
 
+/**
+ * Each object is that of an engineering change or of none. Asked for at a change, an object is that of the change, else
+ * the one of no change if the change affects it; asked for at no change, it is the newest.
+ */
+struct AtChange {
+    /** The key that names the change. */
+    std::string_view change;
+    /** The class of the objects that say what a change affects, and what they have in common with this one. */
+    std::string_view affected;
+    std::vector<Link> links;
+};
+
+/** Who saves an object with "TRUE" in the attribute `path`, which is not stored, has an object of the class `target`
+ * with the same keys created as well, unless there is one. */
+struct Companion {
+    std::string_view path;
+    std::string_view target;
+};
+
+/** The linked objects of the class `target` show in `flag`, as Y or N, whether there is an object of this class. */
+struct Flag {
+    std::string_view target;
+    Link link;
+    std::string_view path;
+};
+
+/** Each object is a line of a product structure: the item `child` is part of the item `parent`. */
+struct StructureLine {
+    std::string_view parent;
+    std::string_view child;
+};
+
+/** A kind of objects: what identifies one, its attributes, what it refers to, what the server does with it. */
 struct Class {
     std::string_view name;
     /** What identifies an object; the first one is never empty, unless the server numbers the object. */
     std::vector<std::string_view> keys;
-    std::optional<Vault> vault = {};
     /** All attributes with a column of their own, the keys included. Any other path can be stored as well. */
     std::vector<Attribute> attributes;
     std::vector<Relation> relations = {};
     std::vector<Reference> references = {};
+    std::optional<Vault> vault = {};
+    std::optional<AtChange> atChange = {};
+    std::optional<Companion> companion = {};
+    std::optional<Flag> flag = {};
+    std::optional<StructureLine> structureLine = {};
 
     const Attribute* attribute(std::string_view path) const noexcept;
     const Relation* relation(std::string_view name) const noexcept;

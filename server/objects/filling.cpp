@@ -7,17 +7,21 @@
 
 #include "server/base/text.h"
 #include "server/objects/revision_number.h"
-#include "server/objects/rules.h"
 
 namespace qvserver {
 
 namespace {
 
-/** Whether callers choose the value of an attribute, if only in the first place. */
-bool isOfCallers(Source source)
+/** Whether callers alone choose the value of an attribute, but for a number or for what it follows. */
+bool isInheritable(Source source)
 {
-    return source == Source::Caller || source == Source::Default || source == Source::Numbered ||
-           source == Source::Follows;
+    return source == Source::Caller || source == Source::Numbered || source == Source::Follows;
+}
+
+/** Whether what callers set of an attribute is kept. */
+bool isCallers(Source source)
+{
+    return isInheritable(source) || source == Source::Default || source == Source::Counted;
 }
 
 template <typename Accept>
@@ -35,8 +39,9 @@ Values storable(const Class& objectClass, const Values& given)
 {
     Values values = selected(given, [&](std::string_view path) {
         const Attribute* attribute = objectClass.attribute(path);
-        const bool isPlain = path != objectIdPath && path != updateCountPath && path != createBomHeaderPath;
-        return attribute == nullptr ? isPlain : isOfCallers(attribute->source);
+        const bool isPlain = path != objectIdPath && path != updateCountPath &&
+                             (!objectClass.companion || path != objectClass.companion->path);
+        return attribute == nullptr ? isPlain : isCallers(attribute->source);
     });
     for (const Attribute& attribute : objectClass.attributes) {
         const auto leader = values.find(attribute.text);
@@ -51,8 +56,7 @@ Values inheritable(const Class& objectClass, const Values& values)
 {
     return selected(values, [&](std::string_view path) {
         const Attribute* attribute = objectClass.attribute(path);
-        return attribute == nullptr ||
-               (isOfCallers(attribute->source) && attribute->source != Source::Default);
+        return attribute == nullptr || isInheritable(attribute->source);
     });
 }
 

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "server/objects/identification.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "server/base/errors.h"
 
 namespace qvserver {
@@ -9,84 +12,76 @@ namespace {
 
 std::optional<std::int64_t> newest(Store& store, Query query)
 {
-    query.select = {std::string(objectIdPath)};
     query.newestFirst = true;
     query.limit = 1;
-    const auto rows = store.select(query);
-    if (rows->empty()) {
-        return std::nullopt;
-    }
-    return std::get<std::int64_t>(parseNumber(rows->value(0, 0)).value());
+    const std::vector<std::int64_t> ids = idsOf(store, std::move(query));
+    return ids.empty() ? std::nullopt : std::optional(ids.front());
 }
 
-/** The object whose keys are exactly those in `given`, a key that is not set being ''. */
-std::optional<std::int64_t> byKeys(Store& store, const Class& objectClass, const Values& given)
+/** The object that has the values of `wanted` in those keys, "" in one that is not set. */
+std::optional<std::int64_t> byKeys(Store& store, const Class& objectClass,
+                                   const std::vector<std::string_view>& keys, const Values& wanted)
 {
     Query query = {&objectClass};
-    for (const std::string_view key : objectClass.keys) {
-        query.where.push_back(equals(key, valueOf(given, key)));
+    for (const std::string_view key : keys) {
+        query.where.push_back(equals(key, valueOf(wanted, key)));
     }
-    return newest(store, query);
+    return newest(store, std::move(query));
 }
 
-std::optional<std::int64_t> byId(Store& store, const Class& objectClass, const Values& given)
+std::optional<std::int64_t> byId(Store& store, const Class& objectClass, const Values& wanted)
 {
-    Query query = {&objectClass};
-    query.where.push_back(equals(objectIdPath, valueOf(given, objectIdPath)));
-    return newest(store, query);
+    return newest(store, {&objectClass, {}, {equals(objectIdPath, valueOf(wanted, objectIdPath))}});
 }
 
-/**
- * An item at a change is the record of that change, else the record without a change that the change affects;
- * an item at no change is its newest record.
- */
-std::optional<std::int64_t> itemAtChange(Store& store, const Class& item, const Values& given)
+/** The object by its keys as the class asks for it at a change. */
+std::optional<std::int64_t> atChange(Store& store, const Class& objectClass, const Values& wanted)
 {
-    const std::string_view number = valueOf(given, "logical_key@item_number");
-    const std::string_view location = valueOf(given, "logical_key@loc_id");
-    const std::string_view change = withoutTrailingBlanks(valueOf(given, "il_ec_number"));
-    if (change.empty()) {
-        return newest(
-            store,
-            {&item, {}, {equals("logical_key@item_number", number), equals("logical_key@loc_id", location)}});
+    const AtChange& rule = *objectClass.atChange;
+    if (withoutTrailingBlanks(valueOf(wanted, rule.change)).empty()) {
+        std::vector<std::string_view> otherKeys = objectClass.keys;
+        otherKeys.erase(std::remove(otherKeys.begin(), otherKeys.end(), rule.change), otherKeys.end());
+        return byKeys(store, objectClass, otherKeys, wanted);
     }
-    if (const auto exact = byKeys(store, item, given)) {
+    if (const auto exact = byKeys(store, objectClass, objectClass.keys, wanted)) {
         return exact;
     }
-    if (!exists(
-            store,
-            {&classNamed("AffectedItem"), {}, {equals("ec@id", change), equals("item_number", number)}})) {
+    Query affected = {&classNamed(rule.affected)};
+    for (const Link& link : rule.links) {
+        affected.where.push_back(equals(link.to, valueOf(wanted, link.from)));
+    }
+    if (!exists(store, std::move(affected))) {
         return std::nullopt;
     }
-    Values withoutChange = given;
-    withoutChange.erase("il_ec_number");
-    return byKeys(store, item, withoutChange);
+    Values withoutChange = wanted;
+    withoutChange.erase(std::string(rule.change));
+    return byKeys(store, objectClass, objectClass.keys, withoutChange);
 }
 
-bool hasId(const Values& given)
+bool hasId(const Values& wanted)
 {
-    return !withoutTrailingBlanks(valueOf(given, objectIdPath)).empty();
+    return !withoutTrailingBlanks(valueOf(wanted, objectIdPath)).empty();
 }
 
-std::int64_t foundOrFail(std::optional<std::int64_t> found, const Class& objectClass, const Values& given)
+std::int64_t foundOrFail(std::optional<std::int64_t> found, const Class& objectClass, const Values& wanted)
 {
     if (!found) {
-        const std::string wanted = hasId(given) ? "db_object_id=" + inQuotes(valueOf(given, objectIdPath))
-                                                : keysOf(objectClass, given);
-        fail(Failure::NotFound, "there is no ", objectClass.name, " with ", wanted);
+        fail(Failure::NotFound, "there is no ", objectClass.name, " with ",
+             hasId(wanted) ? "db_object_id=" + inQuotes(valueOf(wanted, objectIdPath))
+                           : keysOf(objectClass, wanted));
     }
     return *found;
 }
 
-/** Fails when a key in `given` is not that of the object. */
-void checkKeys(Store& store, const Class& objectClass, std::int64_t id, const Values& given)
+/** Fails when a key in `wanted` is not that of the object. */
+void checkKeys(Store& store, const Class& objectClass, std::int64_t id, const Values& wanted)
 {
     Query query = {&objectClass, {}, {isObject(id)}};
     query.select.assign(objectClass.keys.begin(), objectClass.keys.end());
     const auto stored = store.select(query);
     for (std::size_t key = 0; key < objectClass.keys.size(); ++key) {
-        const auto set = given.find(objectClass.keys[key]);
-        if (set != given.end() && !sameText(set->second, stored->value(0, key))) {
+        const auto set = wanted.find(objectClass.keys[key]);
+        if (set != wanted.end() && !sameText(set->second, stored->value(0, key))) {
             fail(Failure::KeyMismatch, "the ", objectClass.name, " with db_object_id '", id, "' has ",
                  set->first, "=", inQuotes(stored->value(0, key)), ", not ", inQuotes(set->second),
                  "; nothing was deleted");
@@ -96,21 +91,22 @@ void checkKeys(Store& store, const Class& objectClass, std::int64_t id, const Va
 
 } // namespace
 
-std::int64_t objectToOpen(Store& store, const Class& objectClass, const Values& given)
+std::int64_t objectToOpen(Store& store, const Class& objectClass, const Values& wanted)
 {
-    if (hasId(given)) {
-        return foundOrFail(byId(store, objectClass, given), objectClass, given);
+    if (hasId(wanted)) {
+        return foundOrFail(byId(store, objectClass, wanted), objectClass, wanted);
     }
-    const bool isItem = objectClass.name == "ItemEngineeringData";
-    return foundOrFail(isItem ? itemAtChange(store, objectClass, given) : byKeys(store, objectClass, given),
-                       objectClass, given);
+    return foundOrFail(objectClass.atChange ? atChange(store, objectClass, wanted)
+                                            : byKeys(store, objectClass, objectClass.keys, wanted),
+                       objectClass, wanted);
 }
 
-std::int64_t objectToDelete(Store& store, const Class& objectClass, const Values& given)
+std::int64_t objectToDelete(Store& store, const Class& objectClass, const Values& wanted)
 {
-    const auto found = hasId(given) ? byId(store, objectClass, given) : byKeys(store, objectClass, given);
-    const std::int64_t id = foundOrFail(found, objectClass, given);
-    checkKeys(store, objectClass, id, given);
+    const auto found = hasId(wanted) ? byId(store, objectClass, wanted)
+                                     : byKeys(store, objectClass, objectClass.keys, wanted);
+    const std::int64_t id = foundOrFail(found, objectClass, wanted);
+    checkKeys(store, objectClass, id, wanted);
     return id;
 }
 

@@ -12,13 +12,11 @@
 
 namespace qvserver {
 
-/** The object that `given` means for an open: by its id, else by its keys, an item also by the change it is
- * asked at. */
-std::int64_t objectToOpen(Store& store, const Class& objectClass, const Values& given);
+/** The object to open: by its id, else by its keys, at a change if that makes a difference for the class. */
+std::int64_t objectToOpen(Store& store, const Class& objectClass, const Values& wanted);
 
-/** The object that `given` means for a deletion: by its id, else exactly by its keys; keys that are set must
- * agree. */
-std::int64_t objectToDelete(Store& store, const Class& objectClass, const Values& given);
+/** The object to delete: by its id, else by exactly its keys; keys that are set must agree. */
+std::int64_t objectToDelete(Store& store, const Class& objectClass, const Values& wanted);
 
 /** The keys among `values` as messages show them: path='value', ... */
 std::string keysOf(const Class& objectClass, const Values& values);

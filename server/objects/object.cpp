@@ -21,11 +21,6 @@ namespace {
          " is already stored; open it to change it");
 }
 
-std::int64_t integerAt(const Rows& rows, std::size_t column)
-{
-    return std::get<std::int64_t>(parseNumber(rows.value(0, column)).value());
-}
-
 } // namespace
 
 void Object::set(std::string_view path, std::string_view value)
@@ -99,7 +94,7 @@ std::int64_t Object::create(Store& store) const
 std::int64_t Object::insert(Store& store, Values values) const
 {
     const std::int64_t id = store.nextNumber();
-    beforeCreate(store, *class_, values);
+    fillFromStore(store, *class_, values);
     if (withoutTrailingBlanks(valueOf(values, class_->keys.front())).empty()) {
         fail(Failure::BadArgument, "the ", class_->name, " needs a value of ", class_->keys.front());
     }
@@ -109,8 +104,8 @@ std::int64_t Object::insert(Store& store, Values values) const
         failAlreadyStored(*class_, values);
     }
     checkNoCycle(store, *class_, values);
-    afterChange(store, *class_, values);
-    obeyOrders(store, *class_, given_, values);
+    refreshFlags(store, *class_, values);
+    createCompanion(store, *class_, given_, values);
     return id;
 }
 
@@ -125,7 +120,7 @@ Values Object::unchangedSince(Store& store) const
         fail(Failure::ChangedByOther, "the ", class_->name, " with db_object_id '", stored_->id,
              "' was deleted since it was opened; nothing was stored");
     }
-    if (integerAt(*rows, 0) != stored_->updateCount) {
+    if (integerAt(*rows, 0, 0) != stored_->updateCount) {
         fail(Failure::ChangedByOther, "the ", class_->name, " with db_object_id '", stored_->id,
              "' was saved by another user since it was opened; nothing was stored, open it again and repeat "
              "the change");
@@ -160,9 +155,9 @@ std::int64_t Object::change(Store& store) const
     }
     checkNotReferred(store, *class_, before);
     checkNoCycle(store, *class_, after);
-    afterChange(store, *class_, before);
-    afterChange(store, *class_, after);
-    obeyOrders(store, *class_, changes_, after);
+    refreshFlags(store, *class_, before);
+    refreshFlags(store, *class_, after);
+    createCompanion(store, *class_, changes_, after);
     return stored_->id;
 }
 
@@ -181,7 +176,7 @@ void Object::remove(Store& store)
     const Values values = removed.unchangedSince(store);
     store.remove(*class_, id);
     deleteParts(store, *class_, values);
-    afterChange(store, *class_, values);
+    refreshFlags(store, *class_, values);
     transaction.commit();
     stored_.reset();
     loaded_.clear();
@@ -199,7 +194,7 @@ void Object::load(Store& store, std::int64_t id)
     for (std::size_t column = 1; column < query.select.size(); ++column) {
         loaded.insert_or_assign(query.select[column], rows->value(0, column));
     }
-    stored_ = Stored{id, integerAt(*rows, 0)};
+    stored_ = Stored{id, integerAt(*rows, 0, 0)};
     loaded_ = std::move(loaded);
     changes_.clear();
 }

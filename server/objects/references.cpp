@@ -13,7 +13,7 @@ namespace {
 Query linked(const Class& objectClass, const Reference& reference, std::string_view Link::*wanted,
              std::string_view Link::*source, const Values& values)
 {
-    Query query = {&objectClass, {std::string(objectIdPath)}};
+    Query query = {&objectClass};
     for (const Link& link : reference.links) {
         query.where.push_back(equals(link.*wanted, valueOf(values, link.*source)));
     }
@@ -81,9 +81,9 @@ void deleteParts(Store& store, const Class& objectClass, const Values& oldValues
 {
     forEachReferenceTo(objectClass, [&](const Class& referring, const Reference& reference) {
         if (reference.onDelete == OnDelete::DeleteToo) {
-            const auto parts = store.select(linked(referring, reference, &Link::from, &Link::to, oldValues));
-            for (std::size_t row = 0; row < parts->size(); ++row) {
-                store.remove(referring, std::get<std::int64_t>(parseNumber(parts->value(row, 0)).value()));
+            const Query parts = linked(referring, reference, &Link::from, &Link::to, oldValues);
+            for (const std::int64_t id : idsOf(store, parts)) {
+                store.remove(referring, id);
             }
         }
     });

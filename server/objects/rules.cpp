@@ -8,99 +8,84 @@ namespace qvserver {
 
 namespace {
 
-const std::string idPath(objectIdPath);
-
-std::int64_t idAt(const Rows& rows, std::size_t row)
-{
-    return std::get<std::int64_t>(parseNumber(rows.value(row, 0)).value());
-}
-
-/** An affected item is planned for the revision level after those that earlier changes planned for its item.
- */
-void planRevisionLevel(Store& store, Values& affected)
-{
-    std::string& level = affected["pln_rev_level"];
-    if (withoutTrailingBlanks(level).empty()) {
-        const auto earlier = store.select({&classNamed("AffectedItem"),
-                                           {idPath},
-                                           {equals("item_number", valueOf(affected, "item_number"))}});
-        level = std::to_string(earlier->size() + 1);
-    }
-}
-
-/** Gives objects that the server numbers a number that no other one has. */
-void numberObject(Store& store, const Class& objectClass, Values& values)
+/** A number that no other object of the class has: the text of the attribute and a counter of six digits or more. */
+std::string unusedNumber(Store& store, const Class& objectClass, const Attribute& attribute)
 {
     constexpr std::size_t digits = 6;
-    for (const Attribute& attribute : objectClass.attributes) {
-        if (attribute.source != Source::Numbered ||
-            !withoutTrailingBlanks(valueOf(values, attribute.path)).empty()) {
-            continue;
-        }
-        std::string& number = values[std::string(attribute.path)];
-        do {
-            const std::string counter = std::to_string(store.nextNumber());
-            number = attribute.text;
-            number.append(digits - std::min(digits, counter.size()), '0').append(counter);
-        } while (exists(store, {&objectClass, {}, {equals(attribute.path, number)}}));
-    }
+    std::string number;
+    do {
+        const std::string counter = std::to_string(store.nextNumber());
+        number = attribute.text;
+        number.append(digits - std::min(digits, counter.size()), '0').append(counter);
+    } while (exists(store, {&objectClass, {}, {equals(attribute.path, number)}}));
+    return number;
 }
 
-/** Items show in net_pu_flg whether they have an effectivity by product unit. */
-void refreshUnitFlag(Store& store, std::string_view itemNumber)
+std::string countOfAlike(Store& store, const Class& objectClass, std::string_view path,
+                         std::string_view value)
 {
-    const Class& item = classNamed("ItemEngineeringData");
-    const std::string flag =
-        exists(store, {&classNamed("ItemProductUnitEffectivity"), {}, {equals("item_number", itemNumber)}})
-            ? "Y"
-            : "N";
-    const auto items =
-        store.select({&item, {idPath, "net_pu_flg"}, {equals("logical_key@item_number", itemNumber)}});
-    for (std::size_t row = 0; row < items->size(); ++row) {
-        if (items->value(row, 1) != flag) {
-            store.update(item, idAt(*items, row), {{"net_pu_flg", flag}}, Count::Nothing);
-        }
-    }
+    return std::to_string(idsOf(store, {&objectClass, {}, {equals(path, value)}}).size() + 1);
 }
 
-/** Stores the BOM header of the item with `values`, unless there is one. */
-void createBomHeader(Store& store, const Values& item)
+/** Sets the flag of the objects with that value, which is linked with `flagging` objects, as they are stored now. */
+void refreshFlag(Store& store, const Class& flagging, std::string_view value)
 {
-    const Class& header = classNamed("BomHeader");
-    Query stored = {&header};
-    Values values;
-    for (const std::string_view key : header.keys) {
-        stored.where.push_back(equals(key, valueOf(item, key)));
-        values.emplace(key, valueOf(item, key));
-    }
-    if (!exists(store, stored)) {
-        store.insert(header, store.nextNumber(), values);
+    const Flag& flag = *flagging.flag;
+    const std::string path(flag.path);
+    const Class& flagged = classNamed(flag.target);
+    const std::string text = exists(store, {&flagging, {}, {equals(flag.link.from, value)}}) ? "Y" : "N";
+    const auto rows =
+        store.select({&flagged, {std::string(objectIdPath), path}, {equals(flag.link.to, value)}});
+    for (std::size_t row = 0; row < rows->size(); ++row) {
+        if (rows->value(row, 1) != text) {
+            store.update(flagged, integerAt(*rows, row, 0), {{path, text}}, Count::Nothing);
+        }
     }
 }
 
 } // namespace
 
-void beforeCreate(Store& store, const Class& objectClass, Values& values)
+void fillFromStore(Store& store, const Class& objectClass, Values& values)
 {
-    numberObject(store, objectClass, values);
-    if (objectClass.name == "AffectedItem") {
-        planRevisionLevel(store, values);
+    for (const Attribute& attribute : objectClass.attributes) {
+        if (!withoutTrailingBlanks(valueOf(values, attribute.path)).empty()) {
+            continue;
+        }
+        const std::string path(attribute.path);
+        if (attribute.source == Source::Numbered) {
+            values[path] = unusedNumber(store, objectClass, attribute);
+        } else if (attribute.source == Source::Counted) {
+            values[path] = countOfAlike(store, objectClass, attribute.text, valueOf(values, attribute.text));
+        }
     }
 }
 
-void afterChange(Store& store, const Class& objectClass, const Values& values)
+void refreshFlags(Store& store, const Class& objectClass, const Values& values)
 {
-    if (objectClass.name == "ItemEngineeringData") {
-        refreshUnitFlag(store, valueOf(values, "logical_key@item_number"));
-    } else if (objectClass.name == "ItemProductUnitEffectivity") {
-        refreshUnitFlag(store, valueOf(values, "item_number"));
+    if (objectClass.flag) {
+        refreshFlag(store, objectClass, valueOf(values, objectClass.flag->link.from));
+    }
+    for (const Class& other : allClasses()) {
+        if (other.flag && other.flag->target == objectClass.name) {
+            refreshFlag(store, other, valueOf(values, other.flag->link.to));
+        }
     }
 }
 
-void obeyOrders(Store& store, const Class& objectClass, const Values& given, const Values& values)
+void createCompanion(Store& store, const Class& objectClass, const Values& set, const Values& values)
 {
-    if (objectClass.name == "ItemEngineeringData" && sameText(valueOf(given, createBomHeaderPath), "TRUE")) {
-        createBomHeader(store, values);
+    if (!objectClass.companion || !sameText(valueOf(set, objectClass.companion->path), "TRUE")) {
+        return;
+    }
+    const Class& target = classNamed(objectClass.companion->target);
+    Query stored = {&target};
+    Values keys;
+    for (const std::string_view key : target.keys) {
+        stored.where.push_back(equals(key, valueOf(values, key)));
+        keys.emplace(key, valueOf(values, key));
+    }
+    if (!exists(store, stored)) {
+        store.insert(target, store.nextNumber(), keys);
     }
 }
 

@@ -10,7 +10,7 @@ namespace qvserver {
 std::size_t TranslationTable::sizeOf(Store& store, std::string_view name)
 {
     auto entries =
-        store.select({&classNamed("TranslationEntry"), {"from", "to"}, {equals("table_name", name)}});
+        store.select({&classNamed(classes::translationEntry), {"from", "to"}, {equals("table_name", name)}});
     if (entries->empty()) {
         fail(Failure::NotFound, "there is no translation table ", inQuotes(name),
              "; load its entries into the store first");

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "server/objects/vault.h"
 
+#include <memory>
 #include <utility>
-#include <variant>
 
 #include "server/base/errors.h"
 #include "server/base/text.h"
@@ -42,17 +42,15 @@ void setHolder(Store& store, const Class& objectClass, std::int64_t id, const st
     store.update(objectClass, id, {{std::string(objectClass.vault->holder), holder}}, Count::Nothing);
 }
 
-/** The value of `path` of the last of the objects that have the first `keys` keys of `values`, in the order
- * of `order`. */
-std::string lastOf(Store& store, const Class& objectClass, const Values& values, std::size_t keys,
-                   std::string_view order, std::string_view path)
+/** The values of `path` of the objects that have the first `keys` keys of `values`, in the order of `order`. */
+std::shared_ptr<const Rows> inOrder(Store& store, const Class& objectClass, const Values& values,
+                                    std::size_t keys, std::string_view order, std::string_view path)
 {
     Query query = {&objectClass, {std::string(path)}, {}, {std::string(order)}};
     for (std::size_t key = 0; key < keys; ++key) {
         query.where.push_back(equals(objectClass.keys[key], valueOf(values, objectClass.keys[key])));
     }
-    const auto rows = store.select(query);
-    return rows->value(rows->size() - 1, 0);
+    return store.select(query);
 }
 
 } // namespace
@@ -61,7 +59,7 @@ void checkVaulted(const Class& objectClass)
 {
     if (!objectClass.vault) {
         fail(Failure::BadArgument, "the vault keeps no objects of the class ", objectClass.name,
-             "; create a DocVersion for this call");
+             "; create a ", classes::document, " for this call");
     }
 }
 
@@ -108,9 +106,9 @@ Values nextVersion(Store& store, const Class& objectClass, std::int64_t id, cons
     Values next = changed;
     next.merge(inheritable(objectClass, base));
     const std::string_view path = objectClass.vault->version;
-    const std::string last = lastOf(store, objectClass, base, objectClass.keys.size(), path, path);
-    next.insert_or_assign(std::string(path),
-                          std::to_string(std::get<std::int64_t>(parseNumber(last).value()) + 1));
+    const auto versions = inOrder(store, objectClass, base, objectClass.keys.size(), path, path);
+    const std::int64_t last = integerAt(*versions, versions->size() - 1, 0);
+    next.insert_or_assign(std::string(path), std::to_string(last + 1));
     return next;
 }
 
@@ -119,8 +117,8 @@ Values nextRevision(Store& store, const Class& objectClass, std::int64_t id)
     const Values base = valuesOf(store, objectClass, id);
     Values next = inheritable(objectClass, base);
     const std::string_view path = objectClass.keys[1];
-    const std::string last = lastOf(store, objectClass, base, 1, objectClass.vault->revisionSort, path);
-    next.insert_or_assign(std::string(path), nextRevisionNumber(last));
+    const auto revisions = inOrder(store, objectClass, base, 1, objectClass.vault->revisionSort, path);
+    next.insert_or_assign(std::string(path), nextRevisionNumber(revisions->value(revisions->size() - 1, 0)));
     return next;
 }
 

@@ -122,11 +122,13 @@ private:
 };
 
 /** Whether the query finds anything. */
-inline bool exists(Store& store, Query query)
-{
-    query.limit = 1;
-    return !store.select(query)->empty();
-}
+bool exists(Store& store, Query query);
+
+/** The whole number in a row; fails when the store holds something else there. */
+std::int64_t integerAt(const Rows& rows, std::size_t row, std::size_t column);
+
+/** The ids of the objects that the query finds, whatever it selects. */
+std::vector<std::int64_t> idsOf(Store& store, Query query);
 
 } // namespace qvserver
 

@@ -11,9 +11,6 @@ namespace qvserver {
 
 namespace {
 
-constexpr std::string_view parentPath = "logical_key@item_number";
-constexpr std::string_view childPath = "logical_key@comp_item_number";
-
 std::string itemAt(const Values& values, std::string_view path)
 {
     return std::string(withoutTrailingBlanks(valueOf(values, path)));
@@ -22,9 +19,8 @@ std::string itemAt(const Values& values, std::string_view path)
 /** A search through the structure from one item, down to its components or up to where it is used. */
 class Search {
 public:
-    Search(Store& store, std::string start, std::string_view from, std::string_view to)
-        : lookup_(store.lookup({&classNamed("Component"), {std::string(to)}}, from)), to_(to),
-          found_({std::move(start)})
+    Search(Store& store, const Class& lines, std::string start, std::string_view from, std::string_view to)
+        : lookup_(store.lookup({&lines, {std::string(to)}}, from)), to_(to), found_({std::move(start)})
     {
         cameFrom_.emplace(found_.front(), "");
     }
@@ -69,15 +65,16 @@ private:
 
 void checkNoCycle(Store& store, const Class& objectClass, const Values& values)
 {
-    if (objectClass.name != "Component") {
+    if (!objectClass.structureLine) {
         return;
     }
+    const auto& [parentPath, childPath] = *objectClass.structureLine;
     const std::string parent = itemAt(values, parentPath);
     const std::string child = itemAt(values, childPath);
     // Both ways at once: a new part has nothing below it, a new assembly is used nowhere, so that one of the
     // two searches is soon at its end, and that is enough to know.
-    Search down(store, child, parentPath, childPath);
-    Search up(store, parent, childPath, parentPath);
+    Search down(store, objectClass, child, parentPath, childPath);
+    Search up(store, objectClass, parent, childPath, parentPath);
     while (!down.hasFound(parent) && !up.hasFound(child)) {
         if (down.isAtEnd() || up.isAtEnd()) {
             return;

@@ -11,7 +11,7 @@
 
 namespace qvserver {
 
-/** An object with `values` was stored: fails when it is a component that closes a cycle. */
+/** An object with `values` was stored: fails when it is a line of a structure that closes a cycle. */
 void checkNoCycle(Store& store, const Class& objectClass, const Values& values);
 
 /** Fails with the cycle written out; `items` are the items on it, the first one once more at the end. */

@@ -166,7 +166,7 @@ std::shared_ptr<const RowSet> ExplosionReport::generate(Store& store) const
         fail(Failure::BadArgument, "the report ", reportName, " needs the parameter ", topParameter,
              ", the item to explode");
     }
-    Query lines = {&classNamed("Component")};
+    Query lines = {&classNamed(classes::component)};
     lines.select.assign(Structure::columns.begin(), Structure::columns.end());
     for (const std::string& column : columns_) {
         const std::string_view path = linePath(column);
@@ -185,7 +185,7 @@ std::shared_ptr<const RowSet> ExplosionReport::generate(Store& store) const
         column == levelColumn ? rows->addLevelColumn(column) : rows->addColumn(column, linePath(column));
     }
     Transaction transaction(store, Access::Read);
-    if (!exists(store, {&classNamed("ItemEngineeringData"), {}, {equals("logical_key@item_number", top)}})) {
+    if (!exists(store, {&classNamed(classes::item), {}, {equals("logical_key@item_number", top)}})) {
         fail(Failure::NotFound, "there is no item ", inQuotes(top), " to explode");
     }
     const std::size_t maxLevel = levelLimit(valueOf(parameters_, maxLevelParameter));
