@@ -28,12 +28,13 @@ MAY_INCLUDE = {
     "server/api": ("include", "server/base", "server/store", "server/structure", "server/objects",
                    "server/administration"),
     "tools/process": ("include",),
-    "tools/output": ("include", "tools/process"),
+    "tools/output": ("include", "csv", "tools/process"),
     "tools/command_line": ("include", "tools/process", "tools/output"),
-    "tools/structure": ("include", "csv", "tools/process", "tools/output"),
+    "tools/structure": ("include", "tools/process", "tools/output"),
     "tools/site_files": ("include", "tools/process"),
+    "tools/parts_list": ("include", "csv", "tools/process", "tools/output", "tools/structure"),
     "tools/commands": ("include", "csv", "tools/process", "tools/output", "tools/command_line", "tools/structure",
-                       "tools/site_files"),
+                       "tools/site_files", "tools/parts_list"),
     "tools/demo": ("include", "tools/process", "tools/output", "tools/command_line", "tools/structure"),
 }
 GROUPS = {"libvelrzm": ("diagnostics", "frame", "config", "operations"), "libqvlocal": "server/", "velrzm": "tools/"}

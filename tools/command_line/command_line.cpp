@@ -44,7 +44,7 @@ const std::vector<Subject>& subjects()
         {"First steps", {addDemo, addHelpCommands}},
         {"Stores of the local server", {addStoreCommands}},
         {"Operations on the database", {addOperationCommands}},
-        {"Files of parts and of commands", {addPartsListCommands, addBatch}},
+        {"Files of parts and of commands", {addImport, addExport, addBatch}},
         {"Finding faults", {addDoctor, addDefaultsCommands, addLogCommands}},
     };
     return all;

@@ -67,10 +67,11 @@ void addBatch(CommandLine& line);
 void addDefaultsCommands(CommandLine& line);
 void addDemo(CommandLine& line);
 void addDoctor(CommandLine& line);
+void addExport(CommandLine& line);
 void addHelpCommands(CommandLine& line);
 void addLogCommands(CommandLine& line);
 void addOperationCommands(CommandLine& line);
-void addPartsListCommands(CommandLine& line);
+void addImport(CommandLine& line);
 void addStoreCommands(CommandLine& line);
 
 } // namespace tools

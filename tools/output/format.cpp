@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <cstddef>
 
-#include <csv.h>
 #include <nlohmann/json.hpp>
 
+#include "csv/csv_file.h"
 #include "tools/output/table.h"
 #include "tools/process/standard_streams.h"
 
@@ -43,9 +43,7 @@ std::string jsonText(const Records& records, Shape shape)
 void appendCsvLine(std::string& text, const std::vector<std::string>& fields)
 {
     for (std::size_t i = 0; i < fields.size(); ++i) {
-        std::string quoted(csv_write(nullptr, 0, fields[i].data(), fields[i].size()), '\0');
-        csv_write(quoted.data(), quoted.size(), fields[i].data(), fields[i].size());
-        text.append(i == 0 ? "" : ",").append(quoted);
+        text.append(i == 0 ? "" : ",").append(csv::field(fields[i]));
     }
     text += '\n';
 }

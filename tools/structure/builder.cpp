@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/structure/builder.h"
 
+#include <velrzm/engineering_changes.h>
 #include <velrzm/items.h>
 #include <velrzm/product_structure.h>
 #include <velrzm/result.h>
@@ -24,16 +25,49 @@ void require(int result, const std::string& what)
 
 } // namespace
 
-void StructureBuilder::createItem(const NewItem& item)
+void StructureBuilder::createItem(const NewItem& item, bool isAssembly)
 {
     NewItem stored = item;
-    VELListValVELUnicodeString names = textList(item.attributeNames);
-    VELListValVELUnicodeString values = textList(item.attributeValues);
+    if (isAssembly) {
+        stored.attributeNames.emplace_back("create_bomheader");
+        stored.attributeValues.emplace_back("TRUE");
+    }
+    VELListValVELUnicodeString names = textList(stored.attributeNames);
+    VELListValVELUnicodeString values = textList(stored.attributeValues);
     VELListValVELUnicodeString nothing;
     require(ItemCreate(change_.data(), stored.number.data(), stored.name.data(), stored.type.data(), names,
                        values, nothing),
             "item " + stored.number);
     ++items_;
+}
+
+void StructureBuilder::changeItem(const NewItem& item, const std::string& change)
+{
+    NewItem stored = item;
+    std::string itsChange = change;
+    VELListValVELUnicodeString names = textList(item.attributeNames);
+    VELListValVELUnicodeString values = textList(item.attributeValues);
+    VELListValVELUnicodeString nothing;
+    require(ItemSave(itsChange.data(), stored.number.data(), stored.name.data(), stored.type.data(), names,
+                     values, nothing),
+            "the change of item " + stored.number);
+}
+
+void StructureBuilder::recordAffectedItem(const std::string& item, const std::string& action)
+{
+    std::string number = item;
+    std::string what = action;
+    TextArray nothing({});
+    require(AffectedItemCreate(change_.data(), number.data(), what.data(), nothing.data()),
+            "the affected item " + item);
+}
+
+void StructureBuilder::removeComponent(const ComponentKey& line)
+{
+    ComponentKey removed = line;
+    require(ComponentDelete(removed.identifier.data(), removed.change.data(), removed.parent.data(),
+                            removed.component.data(), removed.sequence.data()),
+            "the removal of component " + line.component + " of " + line.parent);
 }
 
 void StructureBuilder::createHeader(const std::string& item)

@@ -20,17 +20,35 @@ struct NewItem {
     std::vector<std::string> attributeValues; // and their values
 };
 
+/** A stored component line. */
+struct ComponentKey {
+    std::string parent;
+    std::string component;
+    std::string sequence;
+    std::string change;
+    std::string identifier;
+};
+
 /** Stores under one change. Numbers are stored in upper case, as the operations do. Every function throws
  * Refused when the server says no. */
 class StructureBuilder {
 public:
     explicit StructureBuilder(std::string change) : change_(std::move(change)) {}
 
-    void createItem(const NewItem& item);
+    /** With its bill-of-material header when it is an assembly. */
+    void createItem(const NewItem& item, bool isAssembly = false);
+    /** Saves name, type and attributes of the item's record at `change`. */
+    void changeItem(const NewItem& item, const std::string& change);
+    /** Records that the change acts on an item: "REL" releases it, "CHG" changes it. */
+    void recordAffectedItem(const std::string& item, const std::string& action);
     void createHeader(const std::string& item);
     /** Stores `quantity` lines, one for each occurrence, numbered in tens after those that this object stored
      * on the same parent before. */
     void addComponent(const std::string& parent, const std::string& component, int quantity);
+
+    /** Numbers the next lines of `parent` after the sequence number `last`. */
+    void continueAfter(const std::string& parent, int last) { lastSequence_[parent] = last; }
+    void removeComponent(const ComponentKey& line);
 
     int items() const { return items_; }
     int lines() const { return lines_; }
