@@ -30,8 +30,8 @@ void logOn(const char* user, const char* password)
     constexpr const char* stars = "QvConnect --- ************************************"; // 36
 
     trace(ConnectionLevel, "QvConnect --- Loging as user ", user, ": trying ....");
-    std::array<char, 1> third{}; // the server may write to these two
-    std::array<char, 1> fourth{};
+    std::array<char, 2> third{}; // the server may write a character into each
+    std::array<char, 2> fourth{};
     QV_RC = QV_Logon(orEmpty(user), orEmpty(password), third.data(), fourth.data());
     mustStop("QvConnect", {"QV_Logon"}, OnFailure::GoOn);
     UserLoggedOn = QV_RC >= 0 ? 1 : 0;

@@ -36,7 +36,10 @@ extern "C" {
 int QV_Open_Env();
 /** Closes the client environment. */
 int QV_Close_Env();
-/** Logs `user` on with `password`. `reserved1` and `reserved2` are writable, empty texts of one character. */
+/**
+ * Logs `user` on with `password`. `reserved1` and `reserved2` are empty, writable texts with room for one character and
+ * its terminator.
+ */
 int QV_Logon(const char* user, const char* password, char* reserved1, char* reserved2);
 /** Logs the user off. */
 int QV_Logoff();

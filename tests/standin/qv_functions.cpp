@@ -54,11 +54,15 @@ int QV_Logoff()
 int QV_Logon(const char* user, const char* password, char* reserved1, char* reserved2)
 {
     const int code = call("QV_Logon", user, password, reserved1, reserved2);
-    // Both are writable texts of one character; a write finds out a literal.
+    // Each has room for one character and its end, apart from the other's.
     for (char* const reserved : {reserved1, reserved2}) {
         if (reserved != nullptr) {
-            *reserved = '\0';
+            reserved[0] = 'r';
+            reserved[1] = '\0';
         }
+    }
+    if (reserved1 != nullptr && std::string(reserved1) != "r") {
+        state().violation("QV_Logon: no room for a character and its end");
     }
     return code;
 }
