@@ -9,6 +9,16 @@ int QVL_ErrLog_FirstTime = 1;
 
 using namespace velrzm;
 
+namespace {
+
+constexpr std::string_view beforeName = "Function ";
+constexpr std::string_view afterName = " generated the following error:\n";
+constexpr std::size_t longestName = 127 - beforeName.size() - afterName.size();
+constexpr std::string_view dashes =
+    "---------------------------------------------------------------------"; // 69
+
+} // namespace
+
 void DisplayError(const char* function, const char* text)
 {
     DisplayError(function, text,
@@ -17,13 +27,10 @@ void DisplayError(const char* function, const char* text)
 
 void DisplayError(const char* function, const char* text, const char* /*hint*/)
 {
-    constexpr std::string_view dashes =
-        "---------------------------------------------------------------------"; // 69
-
     if (QVL_ErrLog_File == nullptr) {
         return;
     }
-    const BoundedText<128> head{"Function ", function, " generated the following error:\n"};
-    writeAtOnce(QVL_ErrLog_File, Line({head.view(), text, "\n", dashes, "\n"}, "", ""));
+    const std::string_view name = std::string_view(orEmpty(function)).substr(0, longestName);
+    writeAtOnce(QVL_ErrLog_File, Line({beforeName, name, afterName, text, "\n", dashes, "\n"}, "", ""));
     writeLastError({text, "\n"});
 }

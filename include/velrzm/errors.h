@@ -24,7 +24,7 @@ VELRZM_API int Process_QV_RC(char* prefix, char* functionName, char* detail1, ch
  * Writes an error block to the error log and `text` to the last-error file; does nothing while the error log
  * is closed.
  *
- * @param function the head of the block: "Function ... generated the following error:".
+ * @param function the name in the head of the block, "Function ... generated the following error:"; cut to 86 characters.
  * @param text what went wrong.
  */
 VELRZM_API void DisplayError(const char* function, const char* text);
