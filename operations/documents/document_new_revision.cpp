@@ -129,7 +129,7 @@ std::string findRevision(ObjectOperation& op, OwnObject& record, const RevisionI
     }
     QV_RC = QV_SizeOf_List(QV_ListPtr, &entries);
     if (entries >= 1) {
-        QV_Read_List(QV_ListPtr, entries - 1, &record.handle);
+        QV_RC = QV_Read_List(QV_ListPtr, entries - 1, &record.handle);
     }
     if (record.handle == nullptr) {
         op.stop();

@@ -203,7 +203,7 @@ DocumentMakeNewRevision:
 - QV_Read_List(list1, 1, null) = -7
 DocumentMakeNewRevision:
 2 @...new revision for document D-1B was not created.
-= 0 FromList=Object entries=2 LastRecNo=-1 QV_RC=0 SelectedAttribute=[db_object_id]
+= 0 FromList=Object entries=2 LastRecNo=-1 QV_RC=-7 SelectedAttribute=[db_object_id]
 )"));
     EXPECT_EQ(names(), "untouched untouched");
 }
