@@ -96,27 +96,4 @@ void Operation::refuse(const ServerCall& named, const std::string& reason)
     }
 }
 
-void Operation::upperCase(char* text) const noexcept
-{
-    if (!stopped_) {
-        toUpperCase(text);
-    }
-}
-
-void toUpperCase(char* text) noexcept
-{
-    for (; given(text); ++text) {
-        if (*text >= 'a' && *text <= 'z') { // whatever the program's locale
-            *text = static_cast<char>(*text - 'a' + 'A');
-        }
-    }
-}
-
-std::string upperCased(const char* text)
-{
-    std::string upper = orEmpty(text);
-    toUpperCase(upper.data());
-    return upper;
-}
-
 } // namespace velrzm

@@ -132,8 +132,6 @@ public:
     }
     /** Ends the operation before a call that cannot be right, as if the call had failed with `reason`. */
     void refuse(const ServerCall& named, const std::string& reason);
-    /** Turns the lower-case letters of a caller's own text to upper case. */
-    void upperCase(char* text) const noexcept;
     /** Ends the steps without a report. */
     void stop() noexcept { stopped_ = true; }
 
@@ -141,11 +139,6 @@ private:
     const char* prefix_;
     bool stopped_ = false;
 };
-
-/** Turns the lower-case letters of a caller's own text to upper case; null is left alone. */
-void toUpperCase(char* text) noexcept;
-/** A copy of the text in upper case. */
-std::string upperCased(const char* text);
 
 } // namespace velrzm
 

@@ -5,6 +5,7 @@
 
 #include "frame/list_request.h"
 #include "frame/object_request.h"
+#include "frame/upper_case.h"
 
 using namespace velrzm;
 
@@ -16,7 +17,7 @@ int EngineeringChangeCreate(const VELUnicodeString& ecNumber, const VELUnicodeSt
     op.start();
     const char* const person = given(initiator) ? initiator.CastToCharPtr() : std::getenv("USER");
     const Defaults defaults = op.readDefaults();
-    const std::string number = upperCased(ecNumber);
+    const std::string number = upperCased(ecNumber, Letters::OfLocale);
     op.trace("- Printing Input Attributes ...");
     op.trace("-    EcNumber=", ecNumber, "- EcName=", ecName, "-");
     op.trace("-    SecurityLevel=", securityLevel, "- SecurityCategory=", securityCategory, "-");
@@ -80,9 +81,9 @@ int AffectedItemCreate(char* ecNumber, char* itemNumber, char* action, char** at
     op.trace("---Start------------------------------");
     const Defaults read = op.readDefaults();
     const Pairs defaults = op.usual(read);
-    toUpperCase(itemNumber);
-    toUpperCase(ecNumber);
-    toUpperCase(action);
+    toUpperCase(itemNumber, Letters::Ascii);
+    toUpperCase(ecNumber, Letters::Ascii);
+    toUpperCase(action, Letters::Ascii);
     op.trace("- Printing Input Attributes ...");
     op.trace("-      EC Number=", ecNumber, "-");
     op.trace("-      Item Number=", itemNumber, "-");

@@ -7,7 +7,8 @@
 //  1. Texts are NUL-terminated and stay the caller's. A null text counts as an empty one, a null array or list
 //     as one without entries, unless a function says otherwise. A `char*` argument is written to only where its
 //     function says so: many operations turn item, change and document numbers to upper case in the caller's
-//     own buffer.
+//     own buffer. What is a lower-case letter is decided by the program's locale (`islower`, `toupper`); by
+//     AffectedItemCreate, BomHeaderCreate and ItemReferenceCreate only "a" to "z" are turned.
 //  2. An array of attribute names is closed by a null pointer. A list (`VELListValVELUnicodeString`) counts
 //     from 1.
 //  3. Every operation replaces the one current result of the process (result.h) and returns `entries`: for an

@@ -2,6 +2,7 @@
 #include <velrzm/documents.h>
 
 #include "frame/object_request.h"
+#include "frame/upper_case.h"
 
 using namespace velrzm;
 
@@ -12,8 +13,8 @@ int DocumentMakeECControlled(char* ecNumber, char* documentNumber, char* revisio
     ObjectRequest base(op, QV_ObjPtr, "base doc: ");
     op.start();
     const Defaults read = op.readDefaults();
-    toUpperCase(ecNumber);
-    toUpperCase(documentNumber);
+    toUpperCase(ecNumber, Letters::OfLocale);
+    toUpperCase(documentNumber, Letters::OfLocale);
     op.trace("- Printing Input Attributes ...");
     op.trace("-    EcNumber=", ecNumber);
     op.trace("-    DocumentNumber=", documentNumber);

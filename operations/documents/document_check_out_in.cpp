@@ -4,6 +4,7 @@
 #include <velrzm/documents.h>
 
 #include "frame/object_request.h"
+#include "frame/upper_case.h"
 
 using namespace velrzm;
 
@@ -50,7 +51,7 @@ int run(const VaultOperation& vault, const char* dbObjectId, char* documentNumbe
     op.start();
     const Defaults read = op.readDefaults();
     const Pairs defaults = op.usual(read);
-    toUpperCase(documentNumber);
+    toUpperCase(documentNumber, Letters::OfLocale);
     op.trace("- Printing Input Attributes ...");
     op.trace("-    DbObjectId=", dbObjectId, "-");
     op.trace("-    DocumentNumber=", documentNumber, "-");

@@ -2,6 +2,7 @@
 #include <velrzm/documents.h>
 
 #include "frame/object_request.h"
+#include "frame/upper_case.h"
 
 using namespace velrzm;
 
@@ -11,8 +12,8 @@ int DocumentCreateCheckIn(char* ecNumber, char* documentTitle, char* systemPartn
     op.start();
     const Defaults read = op.readDefaults();
     const Pairs defaults = op.usual(read);
-    toUpperCase(ecNumber);
-    toUpperCase(documentTitle);
+    toUpperCase(ecNumber, Letters::OfLocale);
+    toUpperCase(documentTitle, Letters::OfLocale);
     op.trace(" Printing Input Attributes ...");
     op.trace("\tEc Number=", ecNumber);
     op.trace("\tDocumentTitle=", documentTitle);

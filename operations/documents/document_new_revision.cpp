@@ -6,6 +6,7 @@
 
 #include "frame/list_request.h"
 #include "frame/object_request.h"
+#include "frame/upper_case.h"
 #include "operations/documents/document_versions.h"
 
 using namespace velrzm;
@@ -215,7 +216,7 @@ int DocumentMakeNewRevision(char* ecNumber, char* documentNumber, char* revision
     const Defaults read = op.readDefaults();
     const RevisionInputs in{ecNumber,         documentNumber, revisionNumber, newRevDocumentTitle,
                             systemPartnerOid, attributeNames, op.usual(read)};
-    toUpperCase(documentNumber);
+    toUpperCase(documentNumber, Letters::OfLocale);
     listInputs(op, in);
     op.reset();
     op.capture(in.attributeNames, 50);

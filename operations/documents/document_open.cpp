@@ -3,6 +3,7 @@
 
 #include "frame/list_request.h"
 #include "frame/object_request.h"
+#include "frame/upper_case.h"
 #include "operations/documents/document_versions.h"
 
 namespace velrzm {
@@ -26,7 +27,7 @@ int DocumentOpen(char* documentNumber, char* revisionNumber, VELListValVELUnicod
 {
     ObjectOperation op("DocumentOpen");
     op.start();
-    toUpperCase(documentNumber);
+    toUpperCase(documentNumber, Letters::OfLocale);
     op.trace("- Printing Input Attributes ...");
     op.trace("-    DocumentNumber=", documentNumber);
     op.trace("-    RevisionNumber=", revisionNumber);

@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "frame/object_request.h"
+#include "frame/upper_case.h"
 
 using namespace velrzm;
 
@@ -24,9 +25,9 @@ Defaults begin(ObjectOperation& op, const ItemInputs& item)
 {
     op.start();
     Defaults defaults = op.readDefaults("ItemCreate");
-    toUpperCase(item.itemNumber);
-    toUpperCase(item.ecNumber);
-    toUpperCase(item.itemName);
+    toUpperCase(item.itemNumber, Letters::OfLocale);
+    toUpperCase(item.ecNumber, Letters::OfLocale);
+    toUpperCase(item.itemName, Letters::OfLocale);
     op.trace("- Printing Input Attributes ...");
     op.trace("\tEcNumber=", item.ecNumber);
     op.trace("\tItemNumber=", item.itemNumber);

@@ -2,6 +2,7 @@
 #include <velrzm/items.h>
 
 #include "frame/object_request.h"
+#include "frame/upper_case.h"
 
 using namespace velrzm;
 
@@ -13,9 +14,9 @@ int ItemPUEffectivityCreate(char* ecNumber, char* itemNumber, char* productId, c
     const Pairs further(inputNames, inputValues);
     op.start();
     const Defaults defaults = op.readDefaults("ItemPUEffectivityCreate", "");
-    toUpperCase(itemNumber);
-    toUpperCase(ecNumber);
-    toUpperCase(productId);
+    toUpperCase(itemNumber, Letters::OfLocale);
+    toUpperCase(ecNumber, Letters::OfLocale);
+    toUpperCase(productId, Letters::OfLocale);
     op.trace(" Printing Input Attributes ...");
     op.trace("\tEcNumber=", ecNumber);
     op.trace("\tItemNumber=", itemNumber);

@@ -6,6 +6,7 @@
 #include <velrzm/engineering_changes.h>
 
 #include "frame/object_request.h"
+#include "frame/upper_case.h"
 
 using namespace velrzm;
 
@@ -35,9 +36,9 @@ int ItemHeaderCreate(const VELUnicodeString& ecNumber, const VELUnicodeString& i
     ObjectOperation op("ItemHeaderCreate");
     op.start();
     const Defaults defaults = op.readDefaults();
-    const std::string change = upperCased(ecNumber);
-    const std::string number = upperCased(itemNumber);
-    const std::string name = upperCased(itemName);
+    const std::string change = upperCased(ecNumber, Letters::OfLocale);
+    const std::string number = upperCased(itemNumber, Letters::OfLocale);
+    const std::string name = upperCased(itemName, Letters::OfLocale);
     op.trace("- Printing Input Attributes ...");
     op.trace("\tEcNumber=", change);
     op.trace("\tItemNumber=", number);

@@ -5,14 +5,15 @@
 
 #include "frame/list_request.h"
 #include "frame/object_request.h"
+#include "frame/upper_case.h"
 
 using namespace velrzm;
 
 int ItemOpen(char* itemNumber, char* ecNumber, VELListValVELUnicodeString& selectedNames)
 {
     ObjectOperation op("ItemOpen");
-    toUpperCase(itemNumber);
-    toUpperCase(ecNumber);
+    toUpperCase(itemNumber, Letters::OfLocale);
+    toUpperCase(ecNumber, Letters::OfLocale);
     op.start();
     op.trace("-    ItemNumber=", itemNumber, "-");
     op.trace("-    EcNumber=", ecNumber, "-");
@@ -39,6 +40,14 @@ namespace {
 
 constexpr std::size_t valuePart = 52; // buffer for a filter value and what closes its clause
 
+/** A filter is turned to upper case with its condition: not any more when the operation has stopped. */
+void upperCaseFilter(const ListOperation& op, char* filter)
+{
+    if (!op.stopped()) {
+        toUpperCase(filter, Letters::OfLocale);
+    }
+}
+
 /** The conditions of the standard query: records as a change affects them. */
 void filterByChange(ListOperation& op, char* ecNumber, const char* itemStatusCode)
 {
@@ -46,7 +55,7 @@ void filterByChange(ListOperation& op, char* ecNumber, const char* itemStatusCod
     op.where("&<=(insert_by,ai_obj@design_seq_num)");
     op.where("&OR(&=(extract_by, 2147483647), &>(extract_by,ai_obj@design_seq_num))");
     if (given(ecNumber)) {
-        op.upperCase(ecNumber);
+        upperCaseFilter(op, ecNumber);
         const bool pattern = std::strchr(ecNumber, '%') != nullptr;
         op.where({pattern ? "&LIKE(ai_obj@ec@id, '" : "&=(ai_obj@ec@id, '", ecNumber, "')", "ecNumber",
                   valuePart});
@@ -61,7 +70,7 @@ void filterByItem(ListOperation& op, char* itemNumber, const char* itemTypeCode,
                   const char* itemDescription)
 {
     if (given(itemNumber)) {
-        op.upperCase(itemNumber);
+        upperCaseFilter(op, itemNumber);
         if (*itemNumber == '=') {
             op.where({"&=(logical_key@item_number, '", itemNumber + 1, "')", "itemNumber", valuePart});
         } else {
@@ -72,7 +81,7 @@ void filterByItem(ListOperation& op, char* itemNumber, const char* itemTypeCode,
         op.where({"&LIKE(item_type, '", itemTypeCode, " %')", "itemTypeCode", valuePart});
     }
     if (given(itemName)) {
-        op.upperCase(itemName);
+        upperCaseFilter(op, itemName);
         op.where({"&LIKE(name, '", itemName, "%')", "itemName", valuePart});
     }
     if (given(itemDescription)) {

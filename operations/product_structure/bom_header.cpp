@@ -2,6 +2,7 @@
 #include <velrzm/product_structure.h>
 
 #include "frame/object_request.h"
+#include "frame/upper_case.h"
 
 using namespace velrzm;
 
@@ -11,8 +12,8 @@ int BomHeaderCreate(char* ecNumber, char* itemNumber, char** attributeNames)
     op.start();
     const Defaults read = op.readDefaults();
     const Pairs defaults = op.usual(read);
-    toUpperCase(itemNumber);
-    toUpperCase(ecNumber);
+    toUpperCase(itemNumber, Letters::Ascii);
+    toUpperCase(ecNumber, Letters::Ascii);
     op.trace("-   EC Number=", ecNumber, "-");
     op.trace("-   Item Number=", itemNumber, "-");
     op.tracePairs("-     ... plus default attributes ...", "-     ", defaults);

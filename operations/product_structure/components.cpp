@@ -2,6 +2,7 @@
 #include <velrzm/product_structure.h>
 
 #include "frame/object_request.h"
+#include "frame/upper_case.h"
 
 using namespace velrzm;
 
@@ -81,7 +82,7 @@ int ComponentDelete(char* dbObjectId, char* ecNumber, char* itemNumber, char* co
 int ComponentOpen(char* dbObjectId, char* ecNumber, VELListValVELUnicodeString& attributeNames)
 {
     ObjectOperation op("ComponentOpen");
-    toUpperCase(ecNumber);
+    toUpperCase(ecNumber, Letters::OfLocale);
     op.start();
     op.trace("-    DbObjectId=", dbObjectId, "-");
     op.trace("-    EcNumber=", ecNumber, "-");

@@ -2,6 +2,7 @@
 #include <velrzm/product_structure.h>
 
 #include "frame/object_request.h"
+#include "frame/upper_case.h"
 
 using namespace velrzm;
 
@@ -18,9 +19,9 @@ int ItemReferenceCreate(char* ecNumber, char* itemNumber, char* documentNumber, 
     op.start();
     const Defaults read = op.readDefaults();
     const Pairs defaults = op.usual(read);
-    toUpperCase(ecNumber);
-    toUpperCase(itemNumber);
-    toUpperCase(documentNumber);
+    toUpperCase(ecNumber, Letters::Ascii);
+    toUpperCase(itemNumber, Letters::Ascii);
+    toUpperCase(documentNumber, Letters::Ascii);
     op.trace(" Printing Input Attributes ...");
     op.trace("\tEcNumber=", ecNumber);
     op.trace("\tItemNumber=", itemNumber);

@@ -17,7 +17,7 @@ std::vector<Operation> engineeringChanges()
 {
     return {
         onObject("EngineeringChangeCreate", use(EngineeringChangeCreate))
-            .takes("-----", 5)
+            .takes("c----", 5)
             .usesDefaults("EngineeringChangeCreate", 60, 60)
             .endsWith("log @ ... Engineering Change was  not created\n"
                       "2 @-----Exit------------entries/rc=0--------------------.\n")
@@ -30,7 +30,7 @@ std::vector<Operation> engineeringChanges()
             .takesNames(50)
             .endsWith(""),
         onObject("AffectedItemCreate", use(AffectedItemCreate))
-            .takes("UUU", 3)
+            .takes("AAA", 3)
             .joiningInputs()
             .takesNames(30)
             .usesDefaults("AffectedItemCreate", 19, 19)
@@ -64,7 +64,7 @@ std::vector<Operation> masterRecords()
                      return ItemHeaderCreate("", in.text(), in.text(), in.text(), in.text(), in.text(),
                                              in.text());
                  })
-            .takes("------", 6)
+            .takes("cc----", 6)
             .usesDefaults("ItemHeaderCreate", 60, 60)
             .endsWith(exitOfItems)
             .goingOn(updateCountIsSet),

@@ -3,6 +3,8 @@
 // What holds for the inputs of every operation: null counts as empty, long texts arrive whole, the caller's
 // texts stay as they are or turn to upper case, and names and defaults are used up to the operation's bound.
 #include <algorithm>
+#include <clocale>
+#include <utility>
 
 #include "tests/harness/library_test.h"
 #include "tests/sweep/operations.h"
@@ -69,16 +71,31 @@ TEST_P(OperationInputs, LongTextsArriveWholeOrNotAtAll)
     }
 }
 
-TEST_P(OperationInputs, TheCallersTextsAreTurnedToUpperCaseWhereTheyAreKeys)
+TEST_P(OperationInputs, KeysAreTurnedToUpperCaseByTheRuleOfTheOperation)
 {
-    connect();
-    sweep::prepare(GetParam());
-    Inputs inputs("eC-1 {\xe4z}/2", {});
-    EXPECT_GT(run(inputs).result, 0);
-    for (std::size_t number = 0; number < GetParam().texts.size(); ++number) {
-        EXPECT_EQ(inputs.textAfterwards(number),
-                  GetParam().texts[number] == 'U' ? "EC-1 {\xe4Z}/2" : "eC-1 {\xe4z}/2")
-            << "text " << number;
+    const std::string text = "eC-1 {\xe4z}/2";
+    for (const auto& [locale, umlaut] : {std::pair("C", "\xe4"), std::pair("de_DE.ISO-8859-1", "\xc4")}) {
+        const std::string ascii = "EC-1 {\xe4Z}/2";
+        const std::string classified = std::string("EC-1 {") + umlaut + "Z}/2";
+        restart();
+        connect();
+        sweep::prepare(GetParam());
+        setEnvironment("LOCPATH", LOCALES);
+        ASSERT_STREQ(std::setlocale(LC_CTYPE, locale), locale);
+        Inputs inputs(text, {});
+        const Outcome outcome = run(inputs);
+        std::setlocale(LC_CTYPE, "C");
+        EXPECT_GT(outcome.result, 0);
+        const std::string& rules = GetParam().texts;
+        for (std::size_t number = 0; number < rules.size(); ++number) {
+            const char rule = rules[number];
+            const std::string& turned = rule == 'U' ? classified : ascii;
+            EXPECT_EQ(inputs.textAfterwards(number), rule == 'U' || rule == 'A' ? turned : text)
+                << "text " << number << " in the locale " << locale;
+        }
+        if (const auto copies = std::count(rules.begin(), rules.end(), 'c'); copies > 0) {
+            EXPECT_EQ(countLines(outcome.calls, '"' + classified + '"'), copies) << locale;
+        }
     }
 }
 

@@ -98,7 +98,10 @@ struct Operation {
     /** Whether it destroys handles of its own at the end and returns its own code in place of `entries`. */
     bool hasOwnHandles = false;
 
-    /** A letter for each text: "U" where the caller's text is turned to upper case, "-" where it is not. */
+    /**
+     * A letter for each text: "U" where the caller's text is turned to upper case by the locale, "A" where only its ASCII
+     * letters are, "c" where a copy for one call is turned by the locale, "-" where it stays.
+     */
     std::string texts = {};
     /** How many calls carry a given text; 0 when a long one is refused. */
     int carriers = 0;

@@ -16,7 +16,7 @@ std::vector<Operation> billsOfMaterial()
     return {
         // There is a header: the names are not asked for, and the defaults not set.
         onObject("BomHeaderCreate", use(BomHeaderCreate))
-            .takes("UU", 2)
+            .takes("AA", 2)
             .usesDefaults("BomHeaderCreate", 19, 0)
             .elsewhere({{"QV_Open_Object"}}),
         onList("BomExplode",
@@ -62,7 +62,7 @@ std::vector<Operation> references()
             .takes("--", 2)
             .endsWith(exitOfDeletion),
         onObject("ItemReferenceCreate", use(ItemReferenceCreate))
-            .takes("UUU--", 5)
+            .takes("AAA--", 5)
             .takesNames(30)
             .usesDefaults("ItemReferenceCreate", 19, 19)
             .goingOn(updateCountIsSet),
