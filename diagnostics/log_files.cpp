@@ -1,12 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "diagnostics/log_files.h"
 
-#include <cerrno>
 #include <cstdlib>
 #include <utility>
-
-#include <stdio_ext.h>
-#include <unistd.h>
 
 #include <velrzm/logging.h>
 
@@ -34,39 +30,17 @@ std::FILE* openLog(const char* path, std::string_view purpose)
 {
     std::FILE* const log = std::fopen(path, "w");
     if (log != nullptr) {
-        // Without a buffer each line is one write of its own, however long it is.
+        // Without a buffer the stream hands on each line in one write, however long it is.
         static_cast<void>(std::setvbuf(log, nullptr, _IONBF, 0));
         writeAtOnce(log, Line({version, "\n", stars, product, purpose, stars}, "", ""));
     }
     return log;
 }
 
-/**
- * Hands the text to the system itself, which spares about half of what a stream adds to the system call; not when the
- * stream holds text back, which must come first, or has no file behind it. Says whether this was the way; what then
- * fails is ignored.
- */
-bool writePastStream(std::FILE* file, std::string_view text) noexcept
-{
-    const int descriptor = __fpending(file) == 0 ? fileno_unlocked(file) : -1;
-    if (descriptor < 0) {
-        return false;
-    }
-    while (!text.empty()) {
-        const ssize_t written = ::write(descriptor, text.data(), text.size());
-        if (written > 0) {
-            text.remove_prefix(static_cast<std::size_t>(written));
-        } else if (written == 0 || errno != EINTR) {
-            break;
-        }
-    }
-    return true;
-}
-
 void readTraceLevel()
 {
     if (const char* const level = std::getenv("QVL_TRACE_LEVEL")) {
-        QVL_Traces_Level = std::atoi(level); // NOLINT(cert-err34-c): what is no number means level 0
+        QVL_Traces_Level = std::atoi(level); // NOLINT(cert-err34-c): what is not a number means level 0
     }
 }
 
@@ -104,10 +78,8 @@ void closeLog(std::FILE*& log) noexcept
 
 void writeAtOnce(std::FILE* file, const Line& line) noexcept
 {
-    if (!writePastStream(file, {line.data(), line.size()})) {
-        fwrite_unlocked(line.data(), 1, line.size(), file);
-        fflush_unlocked(file);
-    }
+    std::fwrite(line.data(), 1, line.size(), file);
+    std::fflush(file);
 }
 
 void openLogs()

@@ -24,8 +24,7 @@ using File = std::unique_ptr<std::FILE, FileCloser>;
 /** Writes the line in one piece and flushes; failures are ignored, since there is nowhere to report them. */
 void writeAtOnce(std::FILE* file, const Line& line) noexcept;
 
-/** Reads the trace level and opens the access log and the error log, each only the first time in the process.
- */
+/** Reads the trace level and opens the access log and the error log, each only the first time in the process. */
 void openLogs();
 /** Closes both logs; they are not opened again in this process. */
 void closeLogs() noexcept;

@@ -6,9 +6,12 @@
 #include <velrzm/errors.h>
 
 #include "diagnostics/access_log.h"
+#include "diagnostics/log_files.h"
 
 namespace velrzm {
 namespace {
+
+constexpr std::size_t longestCallLine = 511; // in the access log
 
 struct Message {
     std::string code;
@@ -30,21 +33,14 @@ std::vector<Message> serverMessages()
 void writeCall(const char* prefix, const ServerCall& call)
 {
     trace(CallLevel, prefix, " ", call.function, " ", call.detail1, " ", call.detail2, ": QV_RC=", QV_RC);
-    if (QVL_Log_File == nullptr) {
-        return;
+    if (QVL_Log_File != nullptr) {
+        const bool first = given(call.detail1);
+        const bool second = first && given(call.detail2);
+        writeAtOnce(QVL_Log_File,
+                    Line({prefix, "- rc(", call.function, first ? "::" : "", first ? call.detail1 : "",
+                          second ? "=" : "", second ? call.detail2 : "", ") = ", QV_RC},
+                         "", "\n", longestCallLine));
     }
-    BoundedText<512> line{prefix, "- rc(", call.function};
-    if (given(call.detail1)) {
-        line.append("::");
-        line.append(call.detail1);
-        if (given(call.detail2)) {
-            line.append("=");
-            line.append(call.detail2);
-        }
-    }
-    line.append(") = ");
-    line.append(QV_RC);
-    accessLog(line.view());
 }
 
 /** Several messages in a row with one code are one report of the server; its first text stands for all. */

@@ -11,6 +11,7 @@
 #include <cstddef>
 #include <cstring>
 #include <initializer_list>
+#include <limits>
 #include <string>
 #include <string_view>
 
@@ -58,12 +59,13 @@ private:
 };
 
 /**
- * Pieces put together with `separator` between neighbours and `ending` behind the last: a line, ready for
- * one write.
+ * Pieces put together with `separator` between neighbours and `ending` behind the last: a line, ready for one write.
+ * What is longer than `limit` before the ending is cut.
  */
 class Line {
 public:
-    Line(std::initializer_list<Piece> pieces, std::string_view separator, std::string_view ending);
+    Line(std::initializer_list<Piece> pieces, std::string_view separator, std::string_view ending,
+         std::size_t limit = std::numeric_limits<std::size_t>::max());
     Line(const Line&) = delete;
     Line& operator=(const Line&) = delete;
     ~Line() = default;
@@ -72,8 +74,8 @@ public:
     std::size_t size() const noexcept { return size_; }
 
 private:
-    std::size_t size_;
-    std::array<char, 1024> short_; // holds the usual line without allocation
+    std::size_t size_ = 0;
+    std::array<char, 1024> short_; // holds the usual line without an allocation
     std::string long_;
 };
 
