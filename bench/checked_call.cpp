@@ -40,11 +40,12 @@ void measure(benchmark::State& state, const Call& call)
 
 void checkedCallByFrame(benchmark::State& state)
 {
-    velrzm::ObjectOperation operation("EngineeringChangeCreate");
+    velrzm::Operation operation("EngineeringChangeCreate");
+    velrzm::CurrentObject object(operation);
     const char* value = "EC-100";
     measure(state, [&] {
         benchmark::DoNotOptimize(value);
-        operation.set({"id", value, "-   id="});
+        object.set({"id", value, "-   id="});
     });
 }
 BENCHMARK(checkedCallByFrame)->Name("checked call/frame");

@@ -86,15 +86,16 @@ void ListRequest::count()
     }
 }
 
-ListOperation::ListOperation(const char* prefix) noexcept
-    : Operation(prefix), ListRequest(static_cast<Operation&>(*this))
-{}
-
-void ListOperation::reset() noexcept
+void CurrentList::reset() noexcept
 {
     LastRecNo = -1;
     entries = 0;
     copyToFit(FromList, sizeof FromList, "List");
+}
+
+void CurrentList::exit() const
+{
+    operation().trace("-----Exit------Nb of entries=", entries, "------------");
 }
 
 } // namespace velrzm

@@ -8,10 +8,7 @@
 
 namespace velrzm {
 
-/**
- * A where clause that compares an attribute with a value of the caller, in the three parts that it is built
- * from.
- */
+/** A where clause that compares an attribute with a value of the caller, in the three parts that it is built from. */
 struct Clause {
     const char* head;           // up to the value
     const char* value;          // the caller's
@@ -34,15 +31,15 @@ public:
     void where(const char* clause);
     /** Adds the clause, or refuses it like `requireFit`. */
     void where(const Clause& clause);
-    /**
-     * Makes the operation refuse a value that does not fit the clause buffer of 80 characters; it is never
-     * cut.
-     */
+    /** Makes the operation refuse a value that does not fit the clause buffer of 80 characters; it is never cut. */
     void requireFit(const Clause& clause);
     void orderBy(std::initializer_list<const char*> attributes);
     void open(OnFailure onFailure = OnFailure::Stop);
     /** Stores the number of records in `entries`. */
     void count();
+
+protected:
+    Operation& operation() const noexcept { return operation_; }
 
 private:
     void setClause(const char* kind, const char* function, const char* text);
@@ -50,16 +47,26 @@ private:
     Operation& operation_;
 };
 
-/** An operation whose result is a list: the current one. */
-class ListOperation : public Operation, public ListRequest {
+/** The current list, as the result of an operation. */
+class CurrentList : public ListRequest {
 public:
-    explicit ListOperation(const char* prefix) noexcept;
+    using ListRequest::ListRequest;
 
     /** The current result is now a list, without a record read and empty. */
     void reset() noexcept;
     /** The usual last trace line. */
-    void exit() const { trace("-----Exit------Nb of entries=", entries, "------------"); }
+    void exit() const;
 };
+
+/** Runs an exported operation whose result is the current list: `steps(operation, list)` are its steps. */
+template <class Steps>
+int listOperation(const char* prefix, const Steps& steps)
+{
+    return runOperation(prefix, [&](Operation& operation) {
+        CurrentList list(operation);
+        steps(operation, list);
+    });
+}
 
 } // namespace velrzm
 

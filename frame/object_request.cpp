@@ -84,29 +84,30 @@ void ObjectRequest::remove()
     qualifiedCall("QV_Delete_Object", "", "", OnFailure::Stop, [&] { return QV_Delete_Object(handle_); });
 }
 
-ObjectOperation::ObjectOperation(const char* prefix) noexcept
-    : Operation(prefix), ObjectRequest(static_cast<Operation&>(*this), QV_ObjPtr)
-{}
-
-void ObjectOperation::reset() noexcept
+void CurrentObject::reset() noexcept
 {
     LastRecNo = -1;
     entries = -1;
     copyToFit(FromList, sizeof FromList, "Object");
 }
 
-void ObjectOperation::renew(const char* className)
+void CurrentObject::renew(const char* className)
 {
-    if (!stopped()) {
+    if (!operation().stopped()) {
         QV_Destroy_Object(&QV_ObjPtr);
         create(className);
     }
 }
 
-bool ObjectOperation::count() noexcept
+bool CurrentObject::count() noexcept
 {
     entries = QV_RC >= 0 ? 1 : 0;
     return entries == 1;
+}
+
+void CurrentObject::exit(const char* text) const
+{
+    operation().trace(text, entries, "--------------------");
 }
 
 } // namespace velrzm

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// The steps of operations on one object: create it, set attributes, subscribe others, open, save or delete
-// it.
+// The steps of operations on one object: create it, set attributes, subscribe others, open, save or delete it.
 #ifndef VELRZM_FRAME_OBJECT_REQUEST_H
 #define VELRZM_FRAME_OBJECT_REQUEST_H
 
@@ -37,6 +36,7 @@ struct Setting {
     Detail detail = Detail::Value;
 };
 
+/** The steps of an operation on one object. */
 class ObjectRequest {
 public:
     /**
@@ -62,6 +62,9 @@ public:
     void save(OnFailure onFailure = OnFailure::Stop);
     void remove();
 
+protected:
+    Operation& operation() const noexcept { return operation_; }
+
 private:
     template <class Function>
     void qualifiedCall(const char* function, const char* detail1, const char* detail2, OnFailure onFailure,
@@ -72,23 +75,30 @@ private:
     const char* qualifier_;
 };
 
-/** An operation whose result is an object: the current one. */
-class ObjectOperation : public Operation, public ObjectRequest {
+/** The current object, as the result of an operation. */
+class CurrentObject : public ObjectRequest {
 public:
-    explicit ObjectOperation(const char* prefix) noexcept;
+    explicit CurrentObject(Operation& operation) noexcept : ObjectRequest(operation, QV_ObjPtr) {}
 
     /** The current result is now an object, without a record read and not yet counted. */
     void reset() noexcept;
-    /** Gives up the previous current object and creates one of `className` in its place. */
+    /** Destroys the previous current object and creates one of `className` in its place. */
     void renew(const char* className);
     /** Counts the result: `entries` is 1 when the last call succeeded, else 0; tells whether it did. */
     bool count() noexcept;
     /** The usual last trace line. */
-    void exit(const char* text = "-----Exit------------entries/rc=") const
-    {
-        trace(text, entries, "--------------------");
-    }
+    void exit(const char* text = "-----Exit------------entries/rc=") const;
 };
+
+/** Runs an exported operation whose result is the current object: `steps(operation, object)` are its steps. */
+template <class Steps>
+int objectOperation(const char* prefix, const Steps& steps)
+{
+    return runOperation(prefix, [&](Operation& operation) {
+        CurrentObject object(operation);
+        steps(operation, object);
+    });
+}
 
 } // namespace velrzm
 

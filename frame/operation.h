@@ -42,6 +42,10 @@ private:
     VELListValVELUnicodeString values_;
 };
 
+/**
+ * One use of an operation: it knows the prefix of its lines and whether a failed call has ended its steps. The requests
+ * for objects and lists (object_request.h, list_request.h) make their calls through it.
+ */
 class Operation {
 public:
     /** `prefix` heads every line of the operation; it must outlive the operation. */
@@ -139,6 +143,15 @@ private:
     const char* prefix_;
     bool stopped_ = false;
 };
+
+/** Runs an exported operation: `steps(operation)` are its steps, the result is `entries`. */
+template <class Steps>
+int runOperation(const char* prefix, const Steps& steps)
+{
+    Operation operation(prefix);
+    steps(operation);
+    return entries;
+}
 
 } // namespace velrzm
 

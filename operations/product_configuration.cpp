@@ -41,29 +41,29 @@ int run(const ConfigurationQuery& query, const VELUnicodeString& product,
     // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
     const VELUnicodeString productNumber = product; // the caller may have it in one of the lists
     const AttributeNames columns(query.columns.data());
-    ListOperation op(query.name);
-    op.start();
-    op.trace("\tProductNumber=", productNumber);
-    for (VELListValVELUnicodeString* const list : lists) {
-        list->RemoveAll(VELCollec::ReleaseElements);
-    }
-    op.reset();
-    op.capture(columns, 50);
-    op.renew(query.className);
-    op.select(columns);
-    if (given(productNumber)) {
-        op.where({"&=(product,'", productNumber, "')", "productNumber"});
-    }
-    for (const char* const column : columns) {
-        op.orderBy({column});
-    }
-    op.open();
-    op.count();
-    if (!op.stopped()) {
-        readRecords(columns, lists);
-    }
-    op.exit();
-    return entries;
+    return listOperation(query.name, [&](Operation& op, CurrentList& list) {
+        op.start();
+        op.trace("\tProductNumber=", productNumber);
+        for (VELListValVELUnicodeString* const each : lists) {
+            each->RemoveAll(VELCollec::ReleaseElements);
+        }
+        list.reset();
+        op.capture(columns, 50);
+        list.renew(query.className);
+        list.select(columns);
+        if (given(productNumber)) {
+            list.where({"&=(product,'", productNumber, "')", "productNumber"});
+        }
+        for (const char* const column : columns) {
+            list.orderBy({column});
+        }
+        list.open();
+        list.count();
+        if (!op.stopped()) {
+            readRecords(columns, lists);
+        }
+        list.exit();
+    });
 }
 
 } // namespace

@@ -47,40 +47,40 @@ constexpr VaultOperation cancel{
 int run(const VaultOperation& vault, const char* dbObjectId, char* documentNumber, const char* revisionNumber,
         const AttributeNames& attributeNames)
 {
-    ObjectOperation op(vault.name);
-    op.start();
-    const Defaults read = op.readDefaults();
-    const Pairs defaults = op.usual(read);
-    toUpperCase(documentNumber, Letters::OfLocale);
-    op.trace("- Printing Input Attributes ...");
-    op.trace("-    DbObjectId=", dbObjectId, "-");
-    op.trace("-    DocumentNumber=", documentNumber, "-");
-    op.trace("-    RevisionNumber=", revisionNumber, "-");
-    op.traceNames("- Printing Selected Attributes ...", "-   ", attributeNames);
-    op.logInputs({"DbObjectId=", dbObjectId, ", DocumentNumber=", documentNumber,
-                  ", RevisionNumber=", revisionNumber});
-    op.logPairs("   ", defaults);
-    op.reset();
-    op.capture(attributeNames, 50);
-    op.renew("DocVersion");
-    op.set({
-        {"db_object_id", dbObjectId, "-  db_object_id="},
-        {"doc_revision@doc_number", documentNumber, "-   doc_revision@doc_number="},
-        {"doc_revision@doc_rev_num", revisionNumber, "-   doc_revision@doc_rev_num="},
+    return objectOperation(vault.name, [&](Operation& op, CurrentObject& object) {
+        op.start();
+        const Defaults read = op.readDefaults();
+        const Pairs defaults = op.usual(read);
+        toUpperCase(documentNumber, Letters::OfLocale);
+        op.trace("- Printing Input Attributes ...");
+        op.trace("-    DbObjectId=", dbObjectId, "-");
+        op.trace("-    DocumentNumber=", documentNumber, "-");
+        op.trace("-    RevisionNumber=", revisionNumber, "-");
+        op.traceNames("- Printing Selected Attributes ...", "-   ", attributeNames);
+        op.logInputs({"DbObjectId=", dbObjectId, ", DocumentNumber=", documentNumber,
+                      ", RevisionNumber=", revisionNumber});
+        op.logPairs("   ", defaults);
+        object.reset();
+        op.capture(attributeNames, 50);
+        object.renew("DocVersion");
+        object.set({
+            {"db_object_id", dbObjectId, "-  db_object_id="},
+            {"doc_revision@doc_number", documentNumber, "-   doc_revision@doc_number="},
+            {"doc_revision@doc_rev_num", revisionNumber, "-   doc_revision@doc_rev_num="},
+        });
+        if (vault.setsOwner) {
+            op.stepAt(LogonLevel, "-  *** TEST FOR QV34GA ONLY *** doc_revision@owner@pdi_system_id=", "-");
+            object.set("doc_revision@owner@pdi_system_id", "");
+        }
+        object.open();
+        if (vault.setVaultDefaults != nullptr) {
+            op.call({""}, [&] { return vault.setVaultDefaults(QV_ObjPtr); });
+        }
+        object.subscribe(attributeNames);
+        object.setDefaults("-     ", defaults);
+        op.call({vault.function}, [&] { return vault.call(QV_ObjPtr); });
+        op.log(vault.subject, object.count() ? vault.done : vault.notDone);
     });
-    if (vault.setsOwner) {
-        op.stepAt(LogonLevel, "-  *** TEST FOR QV34GA ONLY *** doc_revision@owner@pdi_system_id=", "-");
-        op.set("doc_revision@owner@pdi_system_id", "");
-    }
-    op.open();
-    if (vault.setVaultDefaults != nullptr) {
-        op.call({""}, [&] { return vault.setVaultDefaults(QV_ObjPtr); });
-    }
-    op.subscribe(attributeNames);
-    op.setDefaults("-     ", defaults);
-    op.call({vault.function}, [&] { return vault.call(QV_ObjPtr); });
-    op.log(vault.subject, op.count() ? vault.done : vault.notDone);
-    return entries;
 }
 
 } // namespace

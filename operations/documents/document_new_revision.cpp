@@ -58,7 +58,7 @@ void copyWhole(char* buffer, const std::string& text)
     copyToFit(buffer, text.size() + 1, text);
 }
 
-void listInputs(const ObjectOperation& op, const RevisionInputs& in)
+void listInputs(const Operation& op, const RevisionInputs& in)
 {
     op.trace("- Printing Input Attributes ...");
     op.trace("-    EcNumber=", in.ecNumber);
@@ -74,9 +74,9 @@ void listInputs(const ObjectOperation& op, const RevisionInputs& in)
 }
 
 /** Opens the base revision; the result is the number of the change that controls it so far. */
-std::string openBase(ObjectOperation& op, ObjectRequest& base, const RevisionInputs& in)
+std::string openBase(Operation& op, CurrentObject& object, ObjectRequest& base, const RevisionInputs& in)
 {
-    op.renew("DocVersion");
+    object.renew("DocVersion");
     base.set({
         {"db_object_id", "", "-  base doc: db_object_id="},
         {"doc_revision@doc_number", in.documentNumber, "-   base doc: doc_revision@doc_number="},
@@ -99,7 +99,7 @@ std::string openBase(ObjectOperation& op, ObjectRequest& base, const RevisionInp
  * Makes the new revision on the server. The handle that comes back is of no use: the list below finds the
  * revision.
  */
-void makeRevision(ObjectOperation& op)
+void makeRevision(Operation& op)
 {
     if (op.stopped()) {
         return;
@@ -117,7 +117,7 @@ void makeRevision(ObjectOperation& op)
  * Reads what the new revision is called, which is the last version of the document; the result is its
  * identifier.
  */
-std::string findRevision(ObjectOperation& op, OwnObject& record, const RevisionInputs& in,
+std::string findRevision(Operation& op, OwnObject& record, const RevisionInputs& in,
                          const RevisionOutputs& out)
 {
     constexpr const char* columns[] = {"doc_revision@doc_number", "doc_revision@doc_rev_num", "db_object_id",
@@ -163,7 +163,7 @@ void openRevision(ObjectRequest& revision, const std::string& identifier, const 
 }
 
 /** Moves the change control: a change controls only the newer of two revisions. */
-void controlByChange(const ObjectOperation& op, ObjectRequest& base, ObjectRequest& revision,
+void controlByChange(const Operation& op, ObjectRequest& base, ObjectRequest& revision,
                      const std::string& controlNumber, const char* ecNumber)
 {
     op.step("-IniCtrlEcNumber=", controlNumber, "- EcNumber=", ecNumber, "-");
@@ -181,7 +181,7 @@ void controlByChange(const ObjectOperation& op, ObjectRequest& base, ObjectReque
 }
 
 /** Everything from the base revision on; tells whether the new revision was made and stored. */
-bool revise(ObjectOperation& op, const RevisionInputs& in, const RevisionOutputs& out)
+bool revise(Operation& op, CurrentObject& object, const RevisionInputs& in, const RevisionOutputs& out)
 {
     OwnObject record;
     OwnObject own;
@@ -190,7 +190,7 @@ bool revise(ObjectOperation& op, const RevisionInputs& in, const RevisionOutputs
 
     ListRequest(op).requireFit(
         versionsOf(in.documentNumber)); // before a revision is made that could not be found
-    const std::string controlNumber = openBase(op, base, in);
+    const std::string controlNumber = openBase(op, object, base, in);
     base.subscribe(in.attributeNames);
     base.setDefaults("-     ", in.defaults);
     makeRevision(op);
@@ -211,16 +211,17 @@ int DocumentMakeNewRevision(char* ecNumber, char* documentNumber, char* revision
                             char* newRevDocumentTitle, char* systemPartnerOid, char** attributeNames,
                             char* newRevisionNumber, char* newDbObjectId)
 {
-    ObjectOperation op("DocumentMakeNewRevision");
+    Operation op("DocumentMakeNewRevision");
+    CurrentObject object(op);
     op.start();
     const Defaults read = op.readDefaults();
     const RevisionInputs in{ecNumber,         documentNumber, revisionNumber, newRevDocumentTitle,
                             systemPartnerOid, attributeNames, op.usual(read)};
     toUpperCase(documentNumber, Letters::OfLocale);
     listInputs(op, in);
-    op.reset();
+    object.reset();
     op.capture(in.attributeNames, 50);
-    const bool revised = revise(op, in, {newRevisionNumber, newDbObjectId});
+    const bool revised = revise(op, object, in, {newRevisionNumber, newDbObjectId});
     if (revised) {
         op.trace("...revision ", newRevisionNumber, " for document ", documentNumber, " was created");
     } else {

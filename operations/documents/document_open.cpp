@@ -25,45 +25,45 @@ using namespace velrzm;
 
 int DocumentOpen(char* documentNumber, char* revisionNumber, VELListValVELUnicodeString& attributeNames)
 {
-    ObjectOperation op("DocumentOpen");
-    op.start();
-    toUpperCase(documentNumber, Letters::OfLocale);
-    op.trace("- Printing Input Attributes ...");
-    op.trace("-    DocumentNumber=", documentNumber);
-    op.trace("-    RevisionNumber=", revisionNumber);
-    op.traceNames("- Printing Selected Attributes ...", "-   ", attributeNames);
-    op.logInputs({"DocumentNumber=", documentNumber, ", RevisionNumber=", revisionNumber});
-    op.reset();
-    op.capture(attributeNames, 50);
-    op.renew("DocVersion");
-    op.set({
-        {"db_object_id", "", "-  db_object_id="},
-        {"doc_revision@doc_number", documentNumber, "-   doc_revision@doc_number="},
-        {"doc_revision@doc_rev_num", revisionNumber, "-   doc_revision@doc_rev_num="},
+    return objectOperation("DocumentOpen", [&](Operation& op, CurrentObject& object) {
+        op.start();
+        toUpperCase(documentNumber, Letters::OfLocale);
+        op.trace("- Printing Input Attributes ...");
+        op.trace("-    DocumentNumber=", documentNumber);
+        op.trace("-    RevisionNumber=", revisionNumber);
+        op.traceNames("- Printing Selected Attributes ...", "-   ", attributeNames);
+        op.logInputs({"DocumentNumber=", documentNumber, ", RevisionNumber=", revisionNumber});
+        object.reset();
+        op.capture(attributeNames, 50);
+        object.renew("DocVersion");
+        object.set({
+            {"db_object_id", "", "-  db_object_id="},
+            {"doc_revision@doc_number", documentNumber, "-   doc_revision@doc_number="},
+            {"doc_revision@doc_rev_num", revisionNumber, "-   doc_revision@doc_rev_num="},
+        });
+        object.subscribe(attributeNames);
+        object.open();
+        op.log("...Document was ", object.count() ? "found" : "not found");
     });
-    op.subscribe(attributeNames);
-    op.open();
-    op.log("...Document was ", op.count() ? "found" : "not found");
-    return entries;
 }
 
 int DocumentGetLastRevision(const char* documentNumber)
 {
     constexpr const char* columns[] = {"doc_revision@doc_number", "doc_revision@doc_rev_num", nullptr};
 
-    ListOperation op("DocumentGetLastRevision");
-    op.start();
-    op.trace("\tDocNumber=", documentNumber);
-    if (given(documentNumber)) {
-        op.reset();
-        NbSelectedAttribute = 0;
-        openVersions(op, documentNumber, columns);
-        op.count();
-    } else {
-        op.traceAt(ConnectionLevel, "****** ERROR ******  Document Number is not valuated...");
-        QV_RC = -1;
-        entries = 0; // the rest of the current result stays what it was
-    }
-    op.exit();
-    return entries;
+    return listOperation("DocumentGetLastRevision", [&](Operation& op, CurrentList& list) {
+        op.start();
+        op.trace("\tDocNumber=", documentNumber);
+        if (given(documentNumber)) {
+            list.reset();
+            NbSelectedAttribute = 0;
+            openVersions(list, documentNumber, columns);
+            list.count();
+        } else {
+            op.traceAt(ConnectionLevel, "****** ERROR ******  Document Number is not valuated...");
+            QV_RC = -1;
+            entries = 0; // the rest of the current result stays what it was
+        }
+        list.exit();
+    });
 }

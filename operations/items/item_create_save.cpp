@@ -21,7 +21,7 @@ struct ItemInputs {
 };
 
 /** Everything up to the new request object; both operations use the defaults of ItemCreate. */
-Defaults begin(ObjectOperation& op, const ItemInputs& item)
+Defaults begin(Operation& op, CurrentObject& object, const ItemInputs& item)
 {
     op.start();
     Defaults defaults = op.readDefaults("ItemCreate");
@@ -36,17 +36,16 @@ Defaults begin(ObjectOperation& op, const ItemInputs& item)
     op.tracePairs("-     ... plus some other Input Attributes ...", "   ", item.further);
     op.tracePairs("-     ... and eventually, some Default Attributes ...", "-     ", defaults.all());
     op.traceNames(" Printing Selected Attributes ...", "-   ", item.selected);
-    op.reset();
+    object.reset();
     op.capture(item.selected, 30);
-    op.renew("ItemEngineeringData");
+    object.renew("ItemEngineeringData");
     return defaults;
 }
 
-int finish(ObjectOperation& op)
+void finish(CurrentObject& object)
 {
-    op.count();
-    op.exit("----Exit------------entries/rc=");
-    return entries;
+    object.count();
+    object.exit("----Exit------------entries/rc=");
 }
 
 bool bomHeaderWanted()
@@ -60,61 +59,65 @@ int ItemCreate(char* ecNumber, char* itemNumber, char* itemName, char* itemType,
                VELListValVELUnicodeString& inputNames, VELListValVELUnicodeString& inputValues,
                VELListValVELUnicodeString& selectedNames)
 {
-    ObjectOperation op("ItemCreate");
-    const ItemInputs item{ecNumber, itemNumber, itemName, itemType, {inputNames, inputValues}, selectedNames};
-    const Defaults defaults = begin(op, item);
-    op.step(" Set Required Fields for Save");
-    op.setDefaults("-     ", defaults.all());
-    op.setGiven("-     ", item.further);
-    op.set({
-        {"logical_key@item_number", itemNumber, "   logical_key@item_number="},
-        {"logical_key@loc_id", "", "   logical_key@loc_id="},
-        {"il_ec_number", ecNumber, "   il_ec_number="},
-        {"name", itemName, "   name="},
+    return objectOperation("ItemCreate", [&](Operation& op, CurrentObject& object) {
+        const ItemInputs item{ecNumber,     itemNumber, itemName, itemType, {inputNames, inputValues},
+                              selectedNames};
+        const Defaults defaults = begin(op, object, item);
+        op.step(" Set Required Fields for Save");
+        object.setDefaults("-     ", defaults.all());
+        object.setGiven("-     ", item.further);
+        object.set({
+            {"logical_key@item_number", itemNumber, "   logical_key@item_number="},
+            {"logical_key@loc_id", "", "   logical_key@loc_id="},
+            {"il_ec_number", ecNumber, "   il_ec_number="},
+            {"name", itemName, "   name="},
+        });
+        if (given(itemType)) {
+            object.set({"item_type", itemType, "   item_type="});
+        }
+        object.set({
+            {"design_loc_id", "", "   design_loc_id ="},
+            {"update_count", "", "   update_count=", OnFailure::GoOn},
+        });
+        if (bomHeaderWanted()) {
+            object.set({"create_bomheader", "TRUE", "  create_bomheader ="});
+        }
+        op.step(" Set  fields to be selected for Save");
+        object.subscribe(item.selected);
+        op.step(" Execute Save method");
+        object.save();
+        finish(object);
     });
-    if (given(itemType)) {
-        op.set({"item_type", itemType, "   item_type="});
-    }
-    op.set({
-        {"design_loc_id", "", "   design_loc_id ="},
-        {"update_count", "", "   update_count=", OnFailure::GoOn},
-    });
-    if (bomHeaderWanted()) {
-        op.set({"create_bomheader", "TRUE", "  create_bomheader ="});
-    }
-    op.step(" Set  fields to be selected for Save");
-    op.subscribe(item.selected);
-    op.step(" Execute Save method");
-    op.save();
-    return finish(op);
 }
 
 int ItemSave(char* ecNumber, char* itemNumber, char* itemName, char* itemType,
              VELListValVELUnicodeString& inputNames, VELListValVELUnicodeString& inputValues,
              VELListValVELUnicodeString& selectedNames)
 {
-    ObjectOperation op("ItemSave");
-    const ItemInputs item{ecNumber, itemNumber, itemName, itemType, {inputNames, inputValues}, selectedNames};
-    const Defaults defaults = begin(op, item);
-    op.set({
-        {"db_object_id", "", "-  db_object_id="},
-        {"logical_key@item_number", itemNumber, "-   logical_key@item_number="},
-        {"logical_key@loc_id", "", "-   logical_key@loc_id="},
-        {"il_ec_number", ecNumber, "-   il_ec_number="},
+    return objectOperation("ItemSave", [&](Operation& op, CurrentObject& object) {
+        const ItemInputs item{ecNumber,     itemNumber, itemName, itemType, {inputNames, inputValues},
+                              selectedNames};
+        const Defaults defaults = begin(op, object, item);
+        object.set({
+            {"db_object_id", "", "-  db_object_id="},
+            {"logical_key@item_number", itemNumber, "-   logical_key@item_number="},
+            {"logical_key@loc_id", "", "-   logical_key@loc_id="},
+            {"il_ec_number", ecNumber, "-   il_ec_number="},
+        });
+        op.step("-   update_count=", "-");
+        object.subscribe("update_count", OnFailure::GoOn);
+        object.open();
+        op.step(" Set Required Fields for Save");
+        object.setDefaults("-     ", defaults.all());
+        object.setGiven("-     ", item.further);
+        object.set({"name", itemName, "-   name="});
+        if (given(itemType)) {
+            object.set({"item_type", itemType, "-   item_type="});
+        }
+        op.step("- Set  fields to be selected for Save");
+        object.subscribe(item.selected);
+        op.step("- Execute Save method");
+        object.save();
+        finish(object);
     });
-    op.step("-   update_count=", "-");
-    op.subscribe("update_count", OnFailure::GoOn);
-    op.open();
-    op.step(" Set Required Fields for Save");
-    op.setDefaults("-     ", defaults.all());
-    op.setGiven("-     ", item.further);
-    op.set({"name", itemName, "-   name="});
-    if (given(itemType)) {
-        op.set({"item_type", itemType, "-   item_type="});
-    }
-    op.step("- Set  fields to be selected for Save");
-    op.subscribe(item.selected);
-    op.step("- Execute Save method");
-    op.save();
-    return finish(op);
 }

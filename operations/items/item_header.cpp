@@ -16,7 +16,7 @@ namespace {
  * Makes the item an affected item of the change; its own result replaces `QV_RC`, so a failure does not
  * count here.
  */
-void release(const ObjectOperation& op, std::string ecNumber, std::string itemNumber)
+void release(const Operation& op, std::string ecNumber, std::string itemNumber)
 {
     op.trace(" Calling AffectedItemCreate for Item ", itemNumber, " at EC ", ecNumber);
     std::array<char, 4> action{"REL"};
@@ -33,44 +33,44 @@ int ItemHeaderCreate(const VELUnicodeString& ecNumber, const VELUnicodeString& i
                      const VELUnicodeString& itemType, const VELUnicodeString& securityLevel,
                      const VELUnicodeString& securityCategory)
 {
-    ObjectOperation op("ItemHeaderCreate");
-    op.start();
-    const Defaults defaults = op.readDefaults();
-    const std::string change = upperCased(ecNumber, Letters::OfLocale);
-    const std::string number = upperCased(itemNumber, Letters::OfLocale);
-    const std::string name = upperCased(itemName, Letters::OfLocale);
-    op.trace("- Printing Input Attributes ...");
-    op.trace("\tEcNumber=", change);
-    op.trace("\tItemNumber=", number);
-    op.trace("\tItemName=", name);
-    op.trace("\tItemDesc=", itemDescription);
-    op.trace("\tItemType=", itemType);
-    op.trace("\tSecurityLevel=", securityLevel);
-    op.trace("\tSecurityCategory=", securityCategory);
-    op.tracePairs("-     ... and eventually, some Default Attributes ...", "-     ", defaults.all());
-    op.reset();
-    op.renew("ItemEngineeringData");
-    op.step(" Set Required Fields for Save");
-    op.setDefaults("-     ", defaults.all());
-    op.set({"il_ec_number", "", "   il_ec_number="});
-    op.step("   logical_key@item_number=", itemNumber, "-"); // as it was given, not as it is stored
-    op.set("logical_key@item_number", number.c_str());
-    op.set({
-        {"name", name.c_str(), "   name="},
-        {"description", itemDescription, "   description="},
-        {"item_type", itemType, "   item_type="},
-        {"x_sec_level_code", securityLevel, "   x_sec_level_code="},
-        {"x_sec_cat_code", securityCategory, "   x_sec_cat_code="},
-        {"update_count", "0", "-   update_count=", OnFailure::GoOn},
+    return objectOperation("ItemHeaderCreate", [&](Operation& op, CurrentObject& object) {
+        op.start();
+        const Defaults defaults = op.readDefaults();
+        const std::string change = upperCased(ecNumber, Letters::OfLocale);
+        const std::string number = upperCased(itemNumber, Letters::OfLocale);
+        const std::string name = upperCased(itemName, Letters::OfLocale);
+        op.trace("- Printing Input Attributes ...");
+        op.trace("\tEcNumber=", change);
+        op.trace("\tItemNumber=", number);
+        op.trace("\tItemName=", name);
+        op.trace("\tItemDesc=", itemDescription);
+        op.trace("\tItemType=", itemType);
+        op.trace("\tSecurityLevel=", securityLevel);
+        op.trace("\tSecurityCategory=", securityCategory);
+        op.tracePairs("-     ... and eventually, some Default Attributes ...", "-     ", defaults.all());
+        object.reset();
+        object.renew("ItemEngineeringData");
+        op.step(" Set Required Fields for Save");
+        object.setDefaults("-     ", defaults.all());
+        object.set({"il_ec_number", "", "   il_ec_number="});
+        op.step("   logical_key@item_number=", itemNumber, "-"); // as it was given, not as it is stored
+        object.set("logical_key@item_number", number.c_str());
+        object.set({
+            {"name", name.c_str(), "   name="},
+            {"description", itemDescription, "   description="},
+            {"item_type", itemType, "   item_type="},
+            {"x_sec_level_code", securityLevel, "   x_sec_level_code="},
+            {"x_sec_cat_code", securityCategory, "   x_sec_cat_code="},
+            {"update_count", "0", "-   update_count=", OnFailure::GoOn},
+        });
+        op.step(" Set  fields to be selected for Save");
+        object.subscribe("db_object_id");
+        op.step(" Execute Save method");
+        object.save();
+        if (!op.stopped() && !change.empty()) {
+            release(op, change, number);
+        }
+        object.count();
+        object.exit("----Exit------------entries/rc=");
     });
-    op.step(" Set  fields to be selected for Save");
-    op.subscribe("db_object_id");
-    op.step(" Execute Save method");
-    op.save();
-    if (!op.stopped() && !change.empty()) {
-        release(op, change, number);
-    }
-    op.count();
-    op.exit("----Exit------------entries/rc=");
-    return entries;
 }

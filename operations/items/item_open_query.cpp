@@ -11,29 +11,29 @@ using namespace velrzm;
 
 int ItemOpen(char* itemNumber, char* ecNumber, VELListValVELUnicodeString& selectedNames)
 {
-    ObjectOperation op("ItemOpen");
-    toUpperCase(itemNumber, Letters::OfLocale);
-    toUpperCase(ecNumber, Letters::OfLocale);
-    op.start();
-    op.trace("-    ItemNumber=", itemNumber, "-");
-    op.trace("-    EcNumber=", ecNumber, "-");
-    op.traceNames("- Selected Attributes are ...", "-   ", selectedNames);
-    op.log("ItemNumber=", itemNumber, ", EcNumber=", ecNumber);
-    op.reset();
-    op.capture(selectedNames, 50);
-    op.renew("ItemEngineeringData");
-    op.set({
-        {"db_object_id", "", "-  db_object_id="},
-        {"logical_key@item_number", itemNumber, "-   logical_key@item_number=", OnFailure::Stop,
-         Detail::None},
-        {"logical_key@loc_id", "", "-   logical_key@loc_id="},
-        {"il_ec_number", ecNumber, "-   il_ec_number=", OnFailure::Stop, Detail::None},
+    return objectOperation("ItemOpen", [&](Operation& op, CurrentObject& object) {
+        toUpperCase(itemNumber, Letters::OfLocale);
+        toUpperCase(ecNumber, Letters::OfLocale);
+        op.start();
+        op.trace("-    ItemNumber=", itemNumber, "-");
+        op.trace("-    EcNumber=", ecNumber, "-");
+        op.traceNames("- Selected Attributes are ...", "-   ", selectedNames);
+        op.log("ItemNumber=", itemNumber, ", EcNumber=", ecNumber);
+        object.reset();
+        op.capture(selectedNames, 50);
+        object.renew("ItemEngineeringData");
+        object.set({
+            {"db_object_id", "", "-  db_object_id="},
+            {"logical_key@item_number", itemNumber, "-   logical_key@item_number=", OnFailure::Stop,
+             Detail::None},
+            {"logical_key@loc_id", "", "-   logical_key@loc_id="},
+            {"il_ec_number", ecNumber, "-   il_ec_number=", OnFailure::Stop, Detail::None},
+        });
+        op.step(" Set  fields to be selected for Open");
+        object.subscribe(selectedNames);
+        object.open();
+        op.log("...Item was ", object.count() ? "found" : "not found");
     });
-    op.step(" Set  fields to be selected for Open");
-    op.subscribe(selectedNames);
-    op.open();
-    op.log("...Item was ", op.count() ? "found" : "not found");
-    return entries;
 }
 
 namespace {
@@ -41,7 +41,7 @@ namespace {
 constexpr std::size_t valuePart = 52; // buffer for a filter value and what closes its clause
 
 /** A filter is turned to upper case with its condition: not any more when the operation has stopped. */
-void upperCaseFilter(const ListOperation& op, char* filter)
+void upperCaseFilter(const Operation& op, char* filter)
 {
     if (!op.stopped()) {
         toUpperCase(filter, Letters::OfLocale);
@@ -49,43 +49,43 @@ void upperCaseFilter(const ListOperation& op, char* filter)
 }
 
 /** The conditions of the standard query: records as a change affects them. */
-void filterByChange(ListOperation& op, char* ecNumber, const char* itemStatusCode)
+void filterByChange(const Operation& op, CurrentList& list, char* ecNumber, const char* itemStatusCode)
 {
-    op.where("&=(logical_key@loc_id,' ')");
-    op.where("&<=(insert_by,ai_obj@design_seq_num)");
-    op.where("&OR(&=(extract_by, 2147483647), &>(extract_by,ai_obj@design_seq_num))");
+    list.where("&=(logical_key@loc_id,' ')");
+    list.where("&<=(insert_by,ai_obj@design_seq_num)");
+    list.where("&OR(&=(extract_by, 2147483647), &>(extract_by,ai_obj@design_seq_num))");
     if (given(ecNumber)) {
         upperCaseFilter(op, ecNumber);
         const bool pattern = std::strchr(ecNumber, '%') != nullptr;
-        op.where({pattern ? "&LIKE(ai_obj@ec@id, '" : "&=(ai_obj@ec@id, '", ecNumber, "')", "ecNumber",
-                  valuePart});
+        list.where({pattern ? "&LIKE(ai_obj@ec@id, '" : "&=(ai_obj@ec@id, '", ecNumber, "')", "ecNumber",
+                    valuePart});
     }
     if (given(itemStatusCode)) {
-        op.where({"&LIKE(ai_obj@item_status, '", itemStatusCode, "%')", "itemStatusCode", valuePart});
+        list.where({"&LIKE(ai_obj@item_status, '", itemStatusCode, "%')", "itemStatusCode", valuePart});
     }
 }
 
 /** The conditions that both kinds of query know. */
-void filterByItem(ListOperation& op, char* itemNumber, const char* itemTypeCode, char* itemName,
-                  const char* itemDescription)
+void filterByItem(const Operation& op, CurrentList& list, char* itemNumber, const char* itemTypeCode,
+                  char* itemName, const char* itemDescription)
 {
     if (given(itemNumber)) {
         upperCaseFilter(op, itemNumber);
         if (*itemNumber == '=') {
-            op.where({"&=(logical_key@item_number, '", itemNumber + 1, "')", "itemNumber", valuePart});
+            list.where({"&=(logical_key@item_number, '", itemNumber + 1, "')", "itemNumber", valuePart});
         } else {
-            op.where({"&LIKE(logical_key@item_number, '", itemNumber, "%')", "itemNumber", valuePart});
+            list.where({"&LIKE(logical_key@item_number, '", itemNumber, "%')", "itemNumber", valuePart});
         }
     }
     if (given(itemTypeCode)) {
-        op.where({"&LIKE(item_type, '", itemTypeCode, " %')", "itemTypeCode", valuePart});
+        list.where({"&LIKE(item_type, '", itemTypeCode, " %')", "itemTypeCode", valuePart});
     }
     if (given(itemName)) {
         upperCaseFilter(op, itemName);
-        op.where({"&LIKE(name, '", itemName, "%')", "itemName", valuePart});
+        list.where({"&LIKE(name, '", itemName, "%')", "itemName", valuePart});
     }
     if (given(itemDescription)) {
-        op.where({"&LIKE(description, '", itemDescription, "%')", "itemDescription", valuePart});
+        list.where({"&LIKE(description, '", itemDescription, "%')", "itemDescription", valuePart});
     }
 }
 
@@ -97,47 +97,47 @@ int ItemQuery(char* itemNumber, char* ecNumber, char* itemTypeCode, char* itemSt
     const bool development = std::string_view("DEV") == orEmpty(queryType);
     const bool byChange = std::string_view("2") == orEmpty(sortBy);
 
-    ListOperation op("ItemQuery");
-    op.trace("-----Start------abc------------------------");
-    op.trace("- Printing input argument ...");
-    trace(OperationLevel, "   Item Number=", itemNumber, "-");
-    trace(OperationLevel, "   EC Number=", ecNumber, "-");
-    trace(OperationLevel, "   Item Type Code=", itemTypeCode, "-");
-    trace(OperationLevel, "   Item Status Code=", itemStatusCode, "-");
-    trace(OperationLevel, "   Item Name=", itemName, "-");
-    trace(OperationLevel, "   Item Description=", itemDescription, "-");
-    trace(OperationLevel, "   Sort By=", sortBy, "-");
-    trace(OperationLevel, "   Query Type=", queryType, "-");
-    op.trace("- Printing attributes to select...");
-    for (const char* const name : AttributeNames(attributeNames)) {
-        trace(OperationLevel, "   -", name, "-");
-    }
-    op.reset();
-    op.capture(attributeNames, 50);
-    DestroyListOrReport();
-    op.create("ItemEngineeringData");
-    op.select(attributeNames);
-    op.select("net_pu_flg");
-    op.select("logical_key@loc_id");
-    if (development) {
-        op.where("&LIKE(master_item@control,'1%')");
-    } else {
-        if (!op.stopped()) {
-            trace(OperationLevel, "adding ai_obj@xxx attributes in Select List");
+    return listOperation("ItemQuery", [&](Operation& op, CurrentList& list) {
+        op.trace("-----Start------abc------------------------");
+        op.trace("- Printing input argument ...");
+        trace(OperationLevel, "   Item Number=", itemNumber, "-");
+        trace(OperationLevel, "   EC Number=", ecNumber, "-");
+        trace(OperationLevel, "   Item Type Code=", itemTypeCode, "-");
+        trace(OperationLevel, "   Item Status Code=", itemStatusCode, "-");
+        trace(OperationLevel, "   Item Name=", itemName, "-");
+        trace(OperationLevel, "   Item Description=", itemDescription, "-");
+        trace(OperationLevel, "   Sort By=", sortBy, "-");
+        trace(OperationLevel, "   Query Type=", queryType, "-");
+        op.trace("- Printing attributes to select...");
+        for (const char* const name : AttributeNames(attributeNames)) {
+            trace(OperationLevel, "   -", name, "-");
         }
-        for (const char* const attribute :
-             {"ai_obj@item_status", "ai_obj@ec@status", "ai_obj@ec@id", "ai_obj@ec@db_object_id",
-              "ai_obj@pln_rev_level", "ai_obj@ec@chg_control_code"}) {
-            op.select(attribute);
+        list.reset();
+        op.capture(attributeNames, 50);
+        DestroyListOrReport();
+        list.create("ItemEngineeringData");
+        list.select(attributeNames);
+        list.select("net_pu_flg");
+        list.select("logical_key@loc_id");
+        if (development) {
+            list.where("&LIKE(master_item@control,'1%')");
+        } else {
+            if (!op.stopped()) {
+                trace(OperationLevel, "adding ai_obj@xxx attributes in Select List");
+            }
+            for (const char* const attribute :
+                 {"ai_obj@item_status", "ai_obj@ec@status", "ai_obj@ec@id", "ai_obj@ec@db_object_id",
+                  "ai_obj@pln_rev_level", "ai_obj@ec@chg_control_code"}) {
+                list.select(attribute);
+            }
+            filterByChange(op, list, ecNumber, itemStatusCode);
         }
-        filterByChange(op, ecNumber, itemStatusCode);
-    }
-    filterByItem(op, itemNumber, itemTypeCode, itemName, itemDescription);
-    op.orderBy({byChange ? "ai_obj@ec@id" : "logical_key@item_number"});
-    op.open(OnFailure::GoOn);
-    if (QV_RC != -1) {
-        op.count();
-    }
-    op.exit();
-    return entries;
+        filterByItem(op, list, itemNumber, itemTypeCode, itemName, itemDescription);
+        list.orderBy({byChange ? "ai_obj@ec@id" : "logical_key@item_number"});
+        list.open(OnFailure::GoOn);
+        if (QV_RC != -1) {
+            list.count();
+        }
+        list.exit();
+    });
 }
