@@ -30,7 +30,7 @@ void logOn(const char* user, const char* password)
     constexpr const char* stars = "QvConnect --- ************************************"; // 36
 
     trace(ConnectionLevel, "QvConnect --- Loging as user ", user, ": trying ....");
-    std::array<char, 2> third{}; // the server may write a character into each
+    std::array<char, 2> third{}; // the server may write a character and its terminator to each
     std::array<char, 2> fourth{};
     QV_RC = QV_Logon(orEmpty(user), orEmpty(password), third.data(), fourth.data());
     mustStop("QvConnect", {"QV_Logon"}, OnFailure::GoOn);
@@ -43,7 +43,7 @@ void logOn(const char* user, const char* password)
                                : "QvConnect --- *** ERROR *** Unable to logon to Quorvanemaster");
 }
 
-/** Whether the environment may be closed: nobody is logged on any more. */
+/** Logs the user off. Returns whether that worked, so that the environment may be closed. */
 bool logOff()
 {
     DestroyListOrReport();

@@ -30,7 +30,7 @@ std::FILE* openLog(const char* path, std::string_view purpose)
 {
     std::FILE* const log = std::fopen(path, "w");
     if (log != nullptr) {
-        // Without a buffer the stream hands on each line in one write, however long it is.
+        // Unbuffered, so that each line is one write to the file, however long it is.
         static_cast<void>(std::setvbuf(log, nullptr, _IONBF, 0));
         writeAtOnce(log, Line({version, "\n", stars, product, purpose, stars}, "", ""));
     }

@@ -21,7 +21,7 @@ struct FileCloser {
 };
 using File = std::unique_ptr<std::FILE, FileCloser>;
 
-/** Writes the line in one piece and flushes; failures are ignored, since there is nowhere to report them. */
+/** Writes the line with one write and flushes. Failures are ignored: there is nowhere to report them. */
 void writeAtOnce(std::FILE* file, const Line& line) noexcept;
 
 /** Reads the trace level and opens the access log and the error log, each only the first time in the process. */
@@ -29,7 +29,7 @@ void openLogs();
 /** Closes both logs; they are not opened again in this process. */
 void closeLogs() noexcept;
 
-/** Replaces the content of the last-error file by the pieces; a file that cannot be opened is skipped. */
+/** Overwrites the last-error file with the pieces. A file that cannot be opened is skipped. */
 void writeLastError(std::initializer_list<Piece> pieces);
 
 } // namespace velrzm

@@ -18,7 +18,7 @@ struct Message {
     std::string text;
 };
 
-/** The messages must be read before the next call of the server: they are those of its last failed call. */
+/** Must run before the next server call, which discards the messages of the failed one. */
 std::vector<Message> serverMessages()
 {
     std::vector<Message> messages;
@@ -43,7 +43,7 @@ void writeCall(const char* prefix, const ServerCall& call)
     }
 }
 
-/** Several messages in a row with one code are one report of the server; its first text stands for all. */
+/** Of consecutive messages with the same code, only the first is reported. */
 void reportFailure(const char* prefix, const std::vector<Message>& messages)
 {
     std::string errorText;

@@ -13,23 +13,20 @@
 
 namespace velrzm {
 
-/**
- * A call of the server as reports name it: the function and what it concerned, as a rule an attribute and a
- * value.
- */
+/** A server call as reports show it: the function and up to two details, usually an attribute and its value. */
 struct ServerCall {
     const char* function;
     const char* detail1 = "";
     const char* detail2 = "";
 };
 
-/** What a failed call means to the operation that made it. */
+/** What an operation does after a failed call. */
 enum class OnFailure : int { GoOn = 0, Stop = 1 };
 
-/** Writes `QV_RC` to the trace and the access log and reports a failure with the messages of the server. */
+/** Writes `QV_RC` to the trace and the access log, and reports a failure with the messages of the server. */
 void reportReturnCode(const char* prefix, const ServerCall& call);
 
-/** Checks `QV_RC`; the result tells whether the operation must stop. */
+/** Checks `QV_RC`. Returns whether the operation must stop. */
 inline bool mustStop(const char* prefix, const ServerCall& call, OnFailure onFailure)
 {
     if (QV_RC < 0 || QVL_Log_File != nullptr || traced(CallLevel)) {
@@ -38,10 +35,7 @@ inline bool mustStop(const char* prefix, const ServerCall& call, OnFailure onFai
     return QV_RC < 0 && onFailure == OnFailure::Stop;
 }
 
-/**
- * Sets `QV_RC` to -1 and reports `reason` as the failure of a call that was not made because it cannot be
- * right.
- */
+/** Sets `QV_RC` to -1 and reports `reason` as if the call had failed; the call itself is not made. */
 void reportRefusal(const char* prefix, const ServerCall& call, const std::string& reason);
 
 } // namespace velrzm

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// Texts of trace and log lines: the pieces that a line is made of, the line itself, and texts of limited
-// size.
+// Text of trace and log lines: the pieces that a line is composed of, the line itself, and text of limited size.
 #ifndef VELRZM_DIAGNOSTICS_TEXT_H
 #define VELRZM_DIAGNOSTICS_TEXT_H
 
@@ -59,8 +58,8 @@ private:
 };
 
 /**
- * Pieces put together with `separator` between neighbours and `ending` behind the last: a line, ready for one write.
- * What is longer than `limit` before the ending is cut.
+ * A line composed of pieces, with `separator` between them and `ending` after the last, contiguous and ready to be
+ * written. At most `limit` characters are kept before the ending.
  */
 class Line {
 public:
@@ -79,7 +78,7 @@ private:
     std::string long_;
 };
 
-/** Copies as much of `text` as fits into `size` bytes with its terminator; tells whether all of it did. */
+/** Copies as much of `text` as fits a buffer of `size` bytes with its terminator; returns whether all of it did. */
 inline bool copyToFit(char* buffer, std::size_t size, std::string_view text) noexcept
 {
     if (buffer == nullptr || size == 0) {
@@ -91,7 +90,7 @@ inline bool copyToFit(char* buffer, std::size_t size, std::string_view text) noe
     return length == text.size();
 }
 
-/** A text built piece by piece in a buffer of `Size` characters, the terminator included, and cut to fit. */
+/** Text appended piece by piece to a buffer of `Size` bytes, terminator included; what does not fit is cut. */
 template <std::size_t Size>
 class BoundedText {
 public:

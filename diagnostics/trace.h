@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// The trace: lines on standard output that the trace level lets through.
+// The trace: lines on standard output, filtered by the trace level.
 #ifndef VELRZM_DIAGNOSTICS_TRACE_H
 #define VELRZM_DIAGNOSTICS_TRACE_H
 
@@ -12,7 +12,7 @@
 
 namespace velrzm {
 
-/** From which trace level on a line is written. */
+/** The lowest trace level at which a line is written. */
 enum TraceLevel : int {
     ConnectionLevel = 0, // errors, warnings and connection messages
     LogonLevel = 1,      // the result of the logon

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// Warnings: what the library leaves out of a request that it carries out all the same.
+// Warnings about parts of a request that the library leaves out while it carries out the rest.
 #ifndef VELRZM_DIAGNOSTICS_WARNING_H
 #define VELRZM_DIAGNOSTICS_WARNING_H
 

@@ -13,7 +13,7 @@ struct Clause {
     const char* head;           // up to the value
     const char* value;          // the caller's
     const char* tail;           // from the closing quote on
-    const char* argument;       // what the caller calls the value
+    const char* argument;       // its name, for the report of a refusal
     std::size_t valuePart = 80; // size of the buffer for value and tail
 };
 
@@ -24,7 +24,7 @@ public:
 
     /** Creates a list of objects of `className`; the previous list must be gone. */
     void create(const char* className);
-    /** Gives up the previous list and creates one in its place. */
+    /** Destroys the previous list and creates one in its place. */
     void renew(const char* className);
     void select(const char* attribute);
     void select(const AttributeNames& attributes);
@@ -52,7 +52,7 @@ class CurrentList : public ListRequest {
 public:
     using ListRequest::ListRequest;
 
-    /** The current result is now a list, without a record read and empty. */
+    /** Makes the current result a list, empty and with no record read. */
     void reset() noexcept;
     /** The usual last trace line. */
     void exit() const;

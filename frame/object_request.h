@@ -10,10 +10,7 @@
 
 namespace velrzm {
 
-/**
- * The trace line before a step: the text, the step's value, and a closing mark; without a text there is no
- * line.
- */
+/** The trace line before a step: text, value and closing mark. Without a text there is no line. */
 struct Label {
     // NOLINTNEXTLINE(google-explicit-constructor): in the tables of steps most labels are their text alone
     Label(const char* labelText = nullptr, const char* closingMark = "-") noexcept
@@ -27,7 +24,7 @@ struct Label {
 /** Whether a report of a set attribute names its value. */
 enum class Detail { Value, None };
 
-/** One attribute to set: a row in the table of steps of an operation. */
+/** An attribute to set: a row in an operation's table of steps. */
 struct Setting {
     const char* name;
     const char* value;
@@ -40,8 +37,8 @@ struct Setting {
 class ObjectRequest {
 public:
     /**
-     * Steps of `operation` on the object in `handle`. `qualifier` stands before the names of the server
-     * functions in reports, so that an operation on several objects tells them apart.
+     * Steps of `operation` on the object in `handle`. `qualifier` precedes the names of the server functions in
+     * reports, so that an operation on several objects can tell them apart.
      */
     ObjectRequest(Operation& operation, QV_ObjectHandle& handle, const char* qualifier = "") noexcept
         : operation_(operation), handle_(handle), qualifier_(qualifier)
@@ -54,7 +51,7 @@ public:
     void set(std::initializer_list<Setting> settings);
     /** Sets the defaults, each after a trace line. */
     void setDefaults(const char* label, const Pairs& defaults);
-    /** Sets the pairs of the caller that have a value, each after a trace line. */
+    /** Sets those of the caller's pairs that have a value, each after a trace line. */
     void setGiven(const char* label, const Pairs& pairs);
     void subscribe(const char* name, OnFailure onFailure = OnFailure::Stop);
     void subscribe(const AttributeNames& names);
@@ -80,11 +77,11 @@ class CurrentObject : public ObjectRequest {
 public:
     explicit CurrentObject(Operation& operation) noexcept : ObjectRequest(operation, QV_ObjPtr) {}
 
-    /** The current result is now an object, without a record read and not yet counted. */
+    /** Makes the current result an object that is not counted yet. */
     void reset() noexcept;
     /** Destroys the previous current object and creates one of `className` in its place. */
     void renew(const char* className);
-    /** Counts the result: `entries` is 1 when the last call succeeded, else 0; tells whether it did. */
+    /** Sets `entries` to 1 if the last call succeeded, else to 0; returns whether it did. */
     bool count() noexcept;
     /** The usual last trace line. */
     void exit(const char* text = "-----Exit------------entries/rc=") const;

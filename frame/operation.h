@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 //
 // The frame that every operation is built on: its trace and log lines, its checked calls, and the rule that a
-// failed call ends it. An operation is a list of steps from top to bottom; once a call has failed for good,
-// the frame skips every later step together with its trace line, so that the operation itself never asks.
+// failed call ends it. An operation is a list of steps from top to bottom; after a failed call that ends it, the
+// frame skips every later step together with its trace line, so operations need no checks of their own.
 #ifndef VELRZM_FRAME_OPERATION_H
 #define VELRZM_FRAME_OPERATION_H
 
@@ -17,10 +17,10 @@
 
 namespace velrzm {
 
-/** The pairs that a site has configured for an operation; at most `limit` of them are used. */
+/** The attribute defaults that the site has configured for an operation. */
 class Defaults {
 public:
-    /** The arrays of most operations hold 19 pairs and the null that closes them. */
+    /** The most pairs that are used by operations with such a limit. */
     static constexpr int usualLimit = 19;
 
     /** Reads the defaults of `operation`. */
@@ -28,7 +28,7 @@ public:
 
     /** How many pairs there are. */
     int found() const noexcept { return names_.Size(); }
-    /** The value at the first place where `name` stands; null when it does not. */
+    /** The value of the first pair called `name`; null if there is none. */
     const char* valueOf(const VELUnicodeString& name) const
     {
         const int position = names_.Locate(name);
@@ -43,8 +43,8 @@ private:
 };
 
 /**
- * One use of an operation: it knows the prefix of its lines and whether a failed call has ended its steps. The requests
- * for objects and lists (object_request.h, list_request.h) make their calls through it.
+ * One run of an operation: the prefix of its lines, and whether a failed call has ended its steps. Requests for objects
+ * and lists (object_request.h, list_request.h) make their calls through it.
  */
 class Operation {
 public:
@@ -72,31 +72,31 @@ public:
     }
     /** The usual first trace line. */
     void start() const { trace("-----Start------------------------------"); }
-    /** A line of the access log: the prefix and the pieces, joined by blanks. */
+    /** An access-log line: the prefix and the pieces, joined by blanks. */
     template <class... Pieces>
     void log(const Pieces&... pieces) const
     {
         accessLog(prefix_, pieces...);
     }
-    /** The line of the access log that joins the inputs in one text, in a buffer of 256 characters. */
+    /** The access-log line of all inputs: one text, cut to 255 characters. */
     void logInputs(std::initializer_list<Piece> inputs) const;
-    /** A heading and a line with each name. */
+    /** Traces a heading and a line for each name. */
     void traceNames(const char* heading, const char* label, const AttributeNames& names) const;
-    /** A heading and a line with each pair; nothing when there is no pair. */
+    /** Traces a heading and a line for each pair; nothing if there are none. */
     void tracePairs(const char* heading, const char* label, const Pairs& pairs) const;
-    /** A line of the access log for each pair. */
+    /** Writes an access-log line for each pair. */
     void logPairs(const char* label, const Pairs& pairs) const;
 
     // ---- Preparation ----
 
-    /** Reads the defaults of `operation` and traces that; `dash` begins the lines. */
+    /** Reads the defaults of `operation`, with a trace line before and after, each starting with `dash`. */
     Defaults readDefaults(const char* operation, const char* dash = "-") const;
     Defaults readDefaults() const { return readDefaults(prefix_); }
     /** The first 19 of the defaults; warns when there are more. */
     Pairs usual(const Defaults& defaults) const;
     /**
-     * Copies up to `bound` names into the table of selected attributes: an array from slot 0 on, a list from
-     * slot 1 on and therefore one name less. What does not fit a slot is cut, with a warning.
+     * Copies up to `bound` names to SelectedAttribute: an array from slot 0 on, a list from slot 1 on and so one name
+     * less. A name too long for its slot is cut, with a warning.
      */
     void capture(const AttributeNames& names, int bound) const;
 
@@ -115,7 +115,7 @@ public:
             traceAt(level, pieces...);
         }
     }
-    /** A checked call of the server: `function` makes it and returns its code. */
+    /** A checked server call: `function` makes it and returns its code. */
     template <class Function>
     void call(const ServerCall& named, OnFailure onFailure, const Function& function)
     {
@@ -129,14 +129,14 @@ public:
     {
         call(named, OnFailure::Stop, function);
     }
-    /** The check of a call that has just stored its code in `QV_RC`. */
+    /** Checks the code that a call has just stored in `QV_RC`. */
     void check(const ServerCall& named, OnFailure onFailure = OnFailure::Stop)
     {
         stopped_ = mustStop(prefix_, named, onFailure);
     }
-    /** Ends the operation before a call that cannot be right, as if the call had failed with `reason`. */
+    /** Stops the operation in place of a call whose arguments are invalid, and reports `reason` as its failure. */
     void refuse(const ServerCall& named, const std::string& reason);
-    /** Ends the steps without a report. */
+    /** Stops the operation without a report. */
     void stop() noexcept { stopped_ = true; }
 
 private:

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// The queries for options and packages: one operation, and a table of what differs.
+// The queries for options and packages: one operation, with a table of what differs.
 #include <velrzm/product_configuration.h>
 
 #include <array>
@@ -11,7 +11,7 @@ using namespace velrzm;
 
 namespace {
 
-/** One of the queries: what it lists, and the columns, by which it also sorts. */
+/** One of the queries: what it lists, and its columns, which it also sorts by. */
 struct ConfigurationQuery {
     const char* name;
     const char* className;
@@ -23,7 +23,7 @@ constexpr ConfigurationQuery optionQuery{
 constexpr ConfigurationQuery packageQuery{
     "ProductPackageQuery", "ProductOptionPkg", {"product", "package_id"}};
 
-/** Appends every record's columns to the lists. */
+/** Appends the columns of every record to the lists. */
 void readRecords(const AttributeNames& columns, const std::array<VELListValVELUnicodeString*, 3>& lists)
 {
     std::array<char, QV_MAX_VALUE_LENGTH + 1> value{};

@@ -23,7 +23,7 @@ int DocumentMakeECControlled(char* ecNumber, char* documentNumber, char* revisio
         op.traceNames("- Printing Selected Attributes ...", "-   ", attributeNames);
         op.logInputs({"EcNumber=", ecNumber, ", DocumentNumber=", documentNumber,
                       ", RevisionNumber=", revisionNumber, ", DocumentTitle=", documentTitle});
-        op.logPairs("   ", op.usual(read)); // written down for the site, not set on the revision
+        op.logPairs("   ", op.usual(read)); // logged only, not set on the revision
         object.reset();
         op.capture(attributeNames, 50);
         object.renew("DocVersion");

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// Check-out, check-in and the cancelling of a check-out: one operation, and a table of what differs.
+// Check-out, check-in and cancelling a check-out: one operation, with a table of what differs.
 #include <velrzm/documents.h>
 
 #include "frame/object_request.h"
@@ -13,8 +13,8 @@ namespace {
 /** One of the three operations. */
 struct VaultOperation {
     const char* name;
-    bool setsOwner;                           // whether the owning system is set as well, to nothing
-    int (*setVaultDefaults)(QV_ObjectHandle); // null when the vault has no defaults for it
+    bool setsOwner;                           // whether the owning system is set too, to ""
+    int (*setVaultDefaults)(QV_ObjectHandle); // null if the vault has none
     const char* function;                     // the name of the call in reports
     int (*call)(QV_ObjectHandle);
     const char* subject; // of the outcome in the access log

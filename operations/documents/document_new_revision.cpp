@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// A new revision of a document. Three objects take part: the base revision, which is the current object, the
-// record of the list in which the new revision is found, and the new revision itself.
+// A new revision of a document. Three objects are involved: the base revision, which is the current object, the list
+// record in which the new revision is found, and the new revision itself.
 #include <velrzm/documents.h>
 
 #include "frame/list_request.h"
@@ -23,13 +23,13 @@ struct RevisionInputs {
     Pairs defaults;
 };
 
-/** The caller's buffers for what the new revision is called. */
+/** The caller's buffers for the number and the identifier of the new revision. */
 struct RevisionOutputs {
     char* revisionNumber;
     char* dbObjectId;
 };
 
-/** An object handle of the operation's own, destroyed with it. */
+/** An object that belongs to the operation and is destroyed with it. */
 class OwnObject {
 public:
     OwnObject() = default;
@@ -45,7 +45,7 @@ public:
     QV_ObjectHandle handle = nullptr;
 };
 
-/** An empty text where the server hands back none. */
+/** The value of an attribute; empty if the server returns none. */
 std::string attributeOf(QV_ObjectHandle object, const char* name)
 {
     const char* value = nullptr;
@@ -73,7 +73,7 @@ void listInputs(const Operation& op, const RevisionInputs& in)
     op.log("   SystemPartnerOid=", in.systemPartnerOid);
 }
 
-/** Opens the base revision; the result is the number of the change that controls it so far. */
+/** Opens the base revision. Returns the number of the change that controls it so far. */
 std::string openBase(Operation& op, CurrentObject& object, ObjectRequest& base, const RevisionInputs& in)
 {
     object.renew("DocVersion");
@@ -95,10 +95,7 @@ std::string openBase(Operation& op, CurrentObject& object, ObjectRequest& base, 
     return controlNumber;
 }
 
-/**
- * Makes the new revision on the server. The handle that comes back is of no use: the list below finds the
- * revision.
- */
+/** Makes the new revision on the server. The handle that comes back is not used: findRevision looks it up. */
 void makeRevision(Operation& op)
 {
     if (op.stopped()) {
@@ -113,10 +110,7 @@ void makeRevision(Operation& op)
     }
 }
 
-/**
- * Reads what the new revision is called, which is the last version of the document; the result is its
- * identifier.
- */
+/** Reads number and identifier of the new revision, the last version of the document. Returns the identifier. */
 std::string findRevision(Operation& op, OwnObject& record, const RevisionInputs& in,
                          const RevisionOutputs& out)
 {
@@ -162,7 +156,7 @@ void openRevision(ObjectRequest& revision, const std::string& identifier, const 
     });
 }
 
-/** Moves the change control: a change controls only the newer of two revisions. */
+/** Moves change control to the new revision: a change controls only the newer of the two. */
 void controlByChange(const Operation& op, ObjectRequest& base, ObjectRequest& revision,
                      const std::string& controlNumber, const char* ecNumber)
 {
@@ -180,7 +174,7 @@ void controlByChange(const Operation& op, ObjectRequest& base, ObjectRequest& re
     });
 }
 
-/** Everything from the base revision on; tells whether the new revision was made and stored. */
+/** Makes the new revision and stores it. Returns whether that worked. */
 bool revise(Operation& op, CurrentObject& object, const RevisionInputs& in, const RevisionOutputs& out)
 {
     OwnObject record;
@@ -188,8 +182,8 @@ bool revise(Operation& op, CurrentObject& object, const RevisionInputs& in, cons
     ObjectRequest base(op, QV_ObjPtr, "base doc: ");
     ObjectRequest revision(op, own.handle, "new rev doc: ");
 
-    ListRequest(op).requireFit(
-        versionsOf(in.documentNumber)); // before a revision is made that could not be found
+    // Checked first, so that no revision is made that could not be found afterwards.
+    ListRequest(op).requireFit(versionsOf(in.documentNumber));
     const std::string controlNumber = openBase(op, object, base, in);
     base.subscribe(in.attributeNames);
     base.setDefaults("-     ", in.defaults);

@@ -62,7 +62,7 @@ int DocumentGetLastRevision(const char* documentNumber)
         } else {
             op.traceAt(ConnectionLevel, "****** ERROR ******  Document Number is not valuated...");
             QV_RC = -1;
-            entries = 0; // the rest of the current result stays what it was
+            entries = 0; // the rest of the current result is left unchanged
         }
         list.exit();
     });

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// The list of the versions of a document, which several operations build.
+// The list of the versions of a document, used by several operations.
 #ifndef VELRZM_OPERATIONS_DOCUMENTS_DOCUMENT_VERSIONS_H
 #define VELRZM_OPERATIONS_DOCUMENTS_DOCUMENT_VERSIONS_H
 
@@ -15,7 +15,7 @@ inline Clause versionsOf(const char* documentNumber) noexcept
 }
 
 /**
- * Opens the list of the document's versions that are the primary configuration of their revision, the latest
+ * Opens the list of those versions of the document that are the primary configuration of their revision, the latest
  * last. `columns` are the attributes of each record, closed by a null pointer.
  */
 void openVersions(ListRequest& list, const char* documentNumber, const char* const* columns);

@@ -8,7 +8,7 @@ using namespace velrzm;
 namespace {
 
 constexpr const char* associationClass = "ItemAssociationData";
-constexpr const char* alias = "HXD"; // under this key every item has one identifier of the calling system
+constexpr const char* alias = "HXD"; // the key under which an item has its identifier in the calling system
 
 } // namespace
 

@@ -10,7 +10,7 @@ using namespace velrzm;
 
 namespace {
 
-/** What ItemCreate and ItemSave are given. */
+/** The arguments of ItemCreate and ItemSave. */
 struct ItemInputs {
     char* ecNumber;
     char* itemNumber;
@@ -20,7 +20,7 @@ struct ItemInputs {
     AttributeNames selected;
 };
 
-/** Everything up to the new request object; both operations use the defaults of ItemCreate. */
+/** The common beginning, up to the new request object. Both operations use the defaults of ItemCreate. */
 Defaults begin(Operation& op, CurrentObject& object, const ItemInputs& item)
 {
     op.start();

@@ -13,8 +13,8 @@ using namespace velrzm;
 namespace {
 
 /**
- * Makes the item an affected item of the change; its own result replaces `QV_RC`, so a failure does not
- * count here.
+ * Makes the item an affected item of the change. The result of that replaces `QV_RC`, so the item counts as created even
+ * if this fails.
  */
 void release(const Operation& op, std::string ecNumber, std::string itemNumber)
 {
@@ -53,7 +53,7 @@ int ItemHeaderCreate(const VELUnicodeString& ecNumber, const VELUnicodeString& i
         op.step(" Set Required Fields for Save");
         object.setDefaults("-     ", defaults.all());
         object.set({"il_ec_number", "", "   il_ec_number="});
-        op.step("   logical_key@item_number=", itemNumber, "-"); // as it was given, not as it is stored
+        op.step("   logical_key@item_number=", itemNumber, "-"); // as given, not as stored
         object.set("logical_key@item_number", number.c_str());
         object.set({
             {"name", name.c_str(), "   name="},

@@ -38,9 +38,9 @@ int ItemOpen(char* itemNumber, char* ecNumber, VELListValVELUnicodeString& selec
 
 namespace {
 
-constexpr std::size_t valuePart = 52; // buffer for a filter value and what closes its clause
+constexpr std::size_t valuePart = 52; // buffer size for a filter value and the end of its clause
 
-/** A filter is turned to upper case with its condition: not any more when the operation has stopped. */
+/** Upper-cases a filter as part of adding its condition, which is skipped once the operation has stopped. */
 void upperCaseFilter(const Operation& op, char* filter)
 {
     if (!op.stopped()) {
@@ -48,7 +48,7 @@ void upperCaseFilter(const Operation& op, char* filter)
     }
 }
 
-/** The conditions of the standard query: records as a change affects them. */
+/** Conditions of the standard query: records as a change affects them. */
 void filterByChange(const Operation& op, CurrentList& list, char* ecNumber, const char* itemStatusCode)
 {
     list.where("&=(logical_key@loc_id,' ')");
@@ -65,7 +65,7 @@ void filterByChange(const Operation& op, CurrentList& list, char* ecNumber, cons
     }
 }
 
-/** The conditions that both kinds of query know. */
+/** Conditions of both kinds of query. */
 void filterByItem(const Operation& op, CurrentList& list, char* itemNumber, const char* itemTypeCode,
                   char* itemName, const char* itemDescription)
 {

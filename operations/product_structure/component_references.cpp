@@ -9,8 +9,7 @@ using namespace velrzm;
 namespace {
 
 constexpr const char* referenceClass = "ComponentReference";
-constexpr const char* designator =
-    "VELOR/Quorvanemaster Integration"; // of every reference, as part of its key
+constexpr const char* designator = "VELOR/Quorvanemaster Integration"; // part of the key of every reference
 
 } // namespace
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// The deletion of a record of the product structure: one operation, and what differs for each kind of record.
+// Deleting a record of the product structure: one operation, with a table of what differs by kind of record.
 #ifndef VELRZM_OPERATIONS_PRODUCT_STRUCTURE_DELETION_H
 #define VELRZM_OPERATIONS_PRODUCT_STRUCTURE_DELETION_H
 
