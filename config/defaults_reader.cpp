@@ -11,6 +11,7 @@
 #include <string>
 
 #include "diagnostics/access_log.h"
+#include "diagnostics/guard.h"
 #include "diagnostics/log_files.h"
 #include "diagnostics/trace.h"
 #include "diagnostics/warning.h"
@@ -80,10 +81,8 @@ void readEntries(const char* path, const VELUnicodeString& operation, const Take
     }
 }
 
-} // namespace
-
-int DefaultRead(const VELUnicodeString& operation, VELListValVELUnicodeString& names,
-                VELListValVELUnicodeString& values)
+int readDefaults(const VELUnicodeString& operation, VELListValVELUnicodeString& names,
+                 VELListValVELUnicodeString& values)
 {
     // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
     const VELUnicodeString wanted = operation; // the caller may have it in one of the lists
@@ -110,4 +109,18 @@ int DefaultRead(const VELUnicodeString& operation, VELListValVELUnicodeString& n
     }
     trace(OperationLevel, prefix, "-----Exit----NbOfDefault=", names.Size(), "--------");
     return names.Size();
+}
+
+} // namespace
+
+int DefaultRead(const VELUnicodeString& operation, VELListValVELUnicodeString& names,
+                VELListValVELUnicodeString& values)
+{
+    const auto none = [&] {
+        names.RemoveAll();
+        values.RemoveAll();
+        return 0;
+    };
+    return guarded(
+        prefix, [&] { return readDefaults(operation, names, values); }, none);
 }

@@ -12,10 +12,12 @@ struct Translations {
     VELListValVELUnicodeString& from;
     VELListValVELUnicodeString& to;
 
-    void clear() const
+    /** Empties both; the result is the number of entries. */
+    int clear() const
     {
         from.RemoveAll();
         to.RemoveAll();
+        return 0;
     }
 };
 
@@ -56,13 +58,10 @@ int finish(const Operation& op, int size, const Translations& out)
     return size;
 }
 
-} // namespace
-
-int XlatRead(const VELUnicodeString& what, VELListValVELUnicodeString& from, VELListValVELUnicodeString& to)
+int readMapped(const VELUnicodeString& what, const Translations& out)
 {
     // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
     const VELUnicodeString name = what; // the caller may have it in one of the lists
-    const Translations out{from, to};
     Operation op("XlatRead");
     op.trace("-----Start---- What=", name);
     out.clear();
@@ -84,16 +83,31 @@ int XlatRead(const VELUnicodeString& what, VELListValVELUnicodeString& from, VEL
     return finish(op, size, out);
 }
 
-int XlatRead2(const VELUnicodeString& tableName, VELListValVELUnicodeString& from,
-              VELListValVELUnicodeString& to)
+int readNamed(const VELUnicodeString& tableName, const Translations& out)
 {
     // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
     const VELUnicodeString name = tableName; // the caller may have it in one of the lists
-    const Translations out{from, to};
     Operation op("XlatRead2");
     op.trace("-----Start---- XlatName=", name);
     out.clear();
     op.log(name);
     const int size = readTable(op, name, out);
     return finish(op, size, out);
+}
+
+} // namespace
+
+int XlatRead(const VELUnicodeString& what, VELListValVELUnicodeString& from, VELListValVELUnicodeString& to)
+{
+    const Translations out{from, to};
+    return guarded(
+        "XlatRead", [&] { return readMapped(what, out); }, [&] { return out.clear(); });
+}
+
+int XlatRead2(const VELUnicodeString& tableName, VELListValVELUnicodeString& from,
+              VELListValVELUnicodeString& to)
+{
+    const Translations out{from, to};
+    return guarded(
+        "XlatRead2", [&] { return readNamed(tableName, out); }, [&] { return out.clear(); });
 }

@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include "diagnostics/guard.h"
 #include "diagnostics/log_files.h"
 #include "diagnostics/return_codes.h"
 
@@ -63,27 +64,38 @@ void closeEnvironment()
     }
 }
 
-} // namespace
-
-int QvConnect(const char* user, const char* password)
-{
-    openLogs();
-    writeLastError({version});
-    if (EnvOpened == 0 && !openEnvironment()) {
-        return UserLoggedOn;
-    }
-    if (UserLoggedOn == 0) {
-        logOn(user, password);
-    }
-    return UserLoggedOn;
-}
-
-int QvExit()
+void disconnect()
 {
     const bool loggedOff = UserLoggedOn == 0 || logOff();
     if (loggedOff && EnvOpened != 0) {
         closeEnvironment();
     }
+}
+
+} // namespace
+
+int QvConnect(const char* user, const char* password)
+{
+    const auto loggedOn = [] { return UserLoggedOn; };
+    return guarded(
+        "QvConnect",
+        [=] {
+            openLogs();
+            writeLastError({version});
+            if (EnvOpened == 0 && !openEnvironment()) {
+                return loggedOn();
+            }
+            if (UserLoggedOn == 0) {
+                logOn(user, password);
+            }
+            return loggedOn();
+        },
+        loggedOn);
+}
+
+int QvExit()
+{
+    guarded("QvExit", disconnect, [] {});
     closeLogs();
     return 1;
 }

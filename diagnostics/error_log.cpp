@@ -2,6 +2,7 @@
 #include <velrzm/errors.h>
 #include <velrzm/logging.h>
 
+#include "diagnostics/guard.h"
 #include "diagnostics/log_files.h"
 
 std::FILE* QVL_ErrLog_File = nullptr;
@@ -17,6 +18,16 @@ constexpr std::size_t longestName = 127 - beforeName.size() - afterName.size();
 constexpr std::string_view dashes =
     "---------------------------------------------------------------------"; // 69
 
+void writeError(const char* function, const char* text)
+{
+    if (QVL_ErrLog_File == nullptr) {
+        return;
+    }
+    const std::string_view name = std::string_view(orEmpty(function)).substr(0, longestName);
+    writeAtOnce(QVL_ErrLog_File, Line({beforeName, name, afterName, text, "\n", dashes, "\n"}, "", ""));
+    writeLastError({text, "\n"});
+}
+
 } // namespace
 
 void DisplayError(const char* function, const char* text)
@@ -27,10 +38,5 @@ void DisplayError(const char* function, const char* text)
 
 void DisplayError(const char* function, const char* text, const char* /*hint*/)
 {
-    if (QVL_ErrLog_File == nullptr) {
-        return;
-    }
-    const std::string_view name = std::string_view(orEmpty(function)).substr(0, longestName);
-    writeAtOnce(QVL_ErrLog_File, Line({beforeName, name, afterName, text, "\n", dashes, "\n"}, "", ""));
-    writeLastError({text, "\n"});
+    guardedWriting("DisplayError", [=] { writeError(function, text); });
 }

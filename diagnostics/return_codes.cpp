@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "diagnostics/return_codes.h"
 
+#include <exception>
+#include <new>
 #include <vector>
 
 #include <velrzm/errors.h>
 
 #include "diagnostics/access_log.h"
+#include "diagnostics/guard.h"
 #include "diagnostics/log_files.h"
 
 namespace velrzm {
@@ -43,6 +46,12 @@ void writeCall(const char* prefix, const ServerCall& call)
     }
 }
 
+void reportText(const char* prefix, const char* errorText)
+{
+    trace(ConnectionLevel, "****** ", errorText);
+    DisplayError(prefix, errorText);
+}
+
 /** Of consecutive messages with the same code, only the first is reported. */
 void reportFailure(const char* prefix, const std::vector<Message>& messages)
 {
@@ -55,8 +64,21 @@ void reportFailure(const char* prefix, const std::vector<Message>& messages)
         }
         previous = &message;
     }
-    trace(ConnectionLevel, "****** ", errorText);
-    DisplayError(prefix, errorText.c_str());
+    reportText(prefix, errorText.c_str());
+}
+
+/** The text of the exception that is being handled. */
+const char* reasonOfException() noexcept
+{
+    try {
+        throw;
+    } catch (const std::bad_alloc&) {
+        return "Memory has run out";
+    } catch (const std::exception& exception) {
+        return exception.what();
+    } catch (...) {
+        return "An exception of unknown type was thrown";
+    }
 }
 
 } // namespace
@@ -76,10 +98,21 @@ void reportRefusal(const char* prefix, const ServerCall& call, const std::string
     reportFailure(prefix, {{"-1", reason}});
 }
 
+void reportException(const char* function) noexcept
+{
+    const BoundedText<512> errorText{reasonOfException(), " "};
+    QV_RC = -1;
+    writeCall(function, {""});
+    accessLog("-1", "-", errorText.view());
+    reportText(function, errorText.text());
+}
+
 } // namespace velrzm
 
 int Process_QV_RC(char* prefix, char* functionName, char* detail1, char* detail2, int stopFlag)
 {
-    velrzm::reportReturnCode(prefix, {functionName, detail1, detail2});
+    velrzm::guardedWriting("Process_QV_RC", [&] {
+        velrzm::reportReturnCode(prefix, {functionName, detail1, detail2});
+    });
     return QV_RC < 0 ? stopFlag : 0;
 }

@@ -26,9 +26,10 @@ Line::Line(std::initializer_list<Piece> pieces, std::string_view separator, std:
     char* const begin = long_.empty() ? short_.data() : long_.data();
     std::size_t used = 0;
     const auto put = [&](std::string_view text) {
-        const std::size_t length = std::min(text.size(), joined - used);
-        std::memcpy(begin + used, text.data(), length);
-        used += length;
+        if (const std::size_t length = std::min(text.size(), joined - used); length > 0) {
+            std::memcpy(begin + used, text.data(), length);
+            used += length;
+        }
     };
     for (const Piece& piece : pieces) {
         if (&piece != pieces.begin()) {

@@ -11,7 +11,11 @@ namespace velrzm {
 void writeToConsole(std::initializer_list<Piece> pieces)
 {
     const Line line(pieces, "", "\n");
-    std::cout.write(line.data(), static_cast<std::streamsize>(line.size())).flush();
+    try {
+        std::cout.write(line.data(), static_cast<std::streamsize>(line.size())).flush();
+    } catch (...) { // the program may have asked its stream to throw
+        // A line that cannot be written is dropped, as in the log files: tracing must never stop an operation.
+    }
 }
 
 } // namespace velrzm

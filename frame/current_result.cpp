@@ -16,7 +16,9 @@ int NbSelectedAttribute = 0;
 
 using namespace velrzm;
 
-int DestroyListOrReport()
+namespace {
+
+void destroyListOrReport()
 {
     Operation op("DestroyListOrReport");
     op.trace("-----Start-------");
@@ -27,5 +29,12 @@ int DestroyListOrReport()
         op.call({"QV_Destroy_List"}, [] { return QV_Destroy_List(&QV_ListPtr); });
     }
     op.trace("-----Exit--------");
+}
+
+} // namespace
+
+int DestroyListOrReport()
+{
+    guarded("DestroyListOrReport", destroyListOrReport, [] {});
     return 1;
 }

@@ -26,27 +26,7 @@ bool switchedOff(const Operation& op)
     return off;
 }
 
-/** Commit and discard: both end the open multi-save, whatever the server answers. */
-int end(const char* name, const char* function, int (*call)())
-{
-    Operation op(name);
-    op.trace(startLine);
-    if (switchedOff(op)) {
-        return 1;
-    }
-    entries = 1;
-    if (MultiSaveStarted != 0) {
-        op.call({function}, OnFailure::GoOn, call);
-        entries = QV_RC >= 0 ? 1 : 0;
-        MultiSaveStarted = 0;
-    }
-    op.trace(exitLine);
-    return entries;
-}
-
-} // namespace
-
-int MultiSaveStart()
+int start()
 {
     Operation op("MultiSaveStart");
     op.trace(startLine);
@@ -60,12 +40,39 @@ int MultiSaveStart()
     return entries;
 }
 
+/** Commit and discard: both end the open multi-save, whatever the server answers. */
+int end(const char* name, const char* function, int (*call)())
+{
+    Operation op(name);
+    op.trace(startLine);
+    if (switchedOff(op)) {
+        return 1;
+    }
+    entries = 1;
+    if (MultiSaveStarted != 0) {
+        MultiSaveStarted = 0;
+        op.call({function}, OnFailure::GoOn, call);
+        entries = QV_RC >= 0 ? 1 : 0;
+    }
+    op.trace(exitLine);
+    return entries;
+}
+
+} // namespace
+
+int MultiSaveStart()
+{
+    return guarded("MultiSaveStart", start, withoutResult);
+}
+
 int MultiSaveCommit()
 {
-    return end("MultiSaveCommit", "QV_Commit_Multisave", QV_Commit_Multisave);
+    const auto commit = [] { return end("MultiSaveCommit", "QV_Commit_Multisave", QV_Commit_Multisave); };
+    return guarded("MultiSaveCommit", commit, withoutResult);
 }
 
 int MultiSaveDiscard()
 {
-    return end("MultiSaveDiscard", "QV_Discard_Multisave", QV_Discard_Multisave);
+    const auto discard = [] { return end("MultiSaveDiscard", "QV_Discard_Multisave", QV_Discard_Multisave); };
+    return guarded("MultiSaveDiscard", discard, withoutResult);
 }

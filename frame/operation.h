@@ -11,6 +11,7 @@
 #include <velrzm/vel_types.h>
 
 #include "diagnostics/access_log.h"
+#include "diagnostics/guard.h"
 #include "diagnostics/return_codes.h"
 #include "diagnostics/trace.h"
 #include "frame/names.h"
@@ -144,13 +145,23 @@ private:
     bool stopped_ = false;
 };
 
+/** The result of an operation that could not be completed: no entries. */
+inline int withoutResult() noexcept
+{
+    entries = 0;
+    return entries;
+}
+
 /** Runs an exported operation: `steps(operation)` are its steps, the result is `entries`. */
 template <class Steps>
 int runOperation(const char* prefix, const Steps& steps)
 {
-    Operation operation(prefix);
-    steps(operation);
-    return entries;
+    const auto run = [&] {
+        Operation operation(prefix);
+        steps(operation);
+        return entries;
+    };
+    return guarded(prefix, run, withoutResult);
 }
 
 } // namespace velrzm

@@ -5,6 +5,8 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "diagnostics/guard.h"
+
 // NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): the names that programs know
 VELUnicodeString _PrintListFileName;
 std::FILE* _PrintListFile = nullptr;
@@ -64,9 +66,7 @@ void readAttribute()
     _AttrValues.Append(insideBrackets(token_value));
 }
 
-} // namespace
-
-int QV_PrintList::Open(const VELUnicodeString& fileName)
+int openFile(const VELUnicodeString& fileName)
 {
     _PrintListFileName = fileName;
     _PrintListFile = std::fopen(fileName, "r");
@@ -83,13 +83,14 @@ int QV_PrintList::Open(const VELUnicodeString& fileName)
         token = nextWord(true);
         token = nextWord();
         token = nextWord();
-        _Size = token == nullptr ? 0 : std::atoi(token); // NOLINT(cert-err34-c): what is no number means none
+        _Size =
+            token == nullptr ? 0 : std::atoi(token); // NOLINT(cert-err34-c): what is not a number means none
     }
     _Exists = 1;
     return _Size;
 }
 
-int QV_PrintList::Next()
+int readObject()
 {
     if (_PrintListFile == nullptr) {
         return 0;
@@ -105,10 +106,39 @@ int QV_PrintList::Next()
     return 1;
 }
 
-VELUnicodeString QV_PrintList::GetValue(const VELUnicodeString& name)
+/** An object that was read in part only counts as not read. */
+int withoutObject()
+{
+    _AttrValues.RemoveAll();
+    if (_Current == 0) {
+        _AttrNames.RemoveAll();
+    }
+    return 0;
+}
+
+VELUnicodeString valueOf(const VELUnicodeString& name)
 {
     const int position = _AttrNames.Locate(name);
     return position == 0 || position > _AttrValues.Size() ? "" : _AttrValues[position];
+}
+
+} // namespace
+
+int QV_PrintList::Open(const VELUnicodeString& fileName)
+{
+    return velrzm::guarded(
+        "QV_PrintList::Open", [&] { return openFile(fileName); }, [] { return 0; });
+}
+
+int QV_PrintList::Next()
+{
+    return velrzm::guarded("QV_PrintList::Next", readObject, withoutObject);
+}
+
+VELUnicodeString QV_PrintList::GetValue(const VELUnicodeString& name)
+{
+    return velrzm::guarded(
+        "QV_PrintList::GetValue", [&] { return valueOf(name); }, [] { return VELUnicodeString(); });
 }
 
 int QV_PrintList::Size()

@@ -9,6 +9,7 @@
 #include <velrzm/vel_types.h>
 
 #include "diagnostics/access_log.h"
+#include "diagnostics/guard.h"
 #include "diagnostics/return_codes.h"
 #include "diagnostics/trace.h"
 #include "diagnostics/warning.h"
@@ -155,6 +156,16 @@ int getAttributeValue(int recNo, int attNo, const Buffer& name, const Buffer& va
     return 1;
 }
 
+/** A reading was broken off: which record QV_ObjPtr holds is not known any more. */
+int nothingRead(std::initializer_list<Buffer> buffers) noexcept
+{
+    for (const Buffer& buffer : buffers) {
+        buffer.clear();
+    }
+    LastRecNo = -1;
+    return 0;
+}
+
 } // namespace
 
 int GetValue(int recNo, const char* name, char* value)
@@ -164,7 +175,10 @@ int GetValue(int recNo, const char* name, char* value)
 
 int GetValue(int recNo, const char* name, char* value, std::size_t valueSize)
 {
-    return getValue(recNo, orEmpty(name), {value, valueSize});
+    const Buffer buffer{value, valueSize};
+    return guarded(
+        "GetValue", [&] { return getValue(recNo, orEmpty(name), buffer); },
+        [&] { return nothingRead({buffer}); });
 }
 
 int GetAttributeValue(int recNo, int attNo, char* name, char* value)
@@ -175,7 +189,13 @@ int GetAttributeValue(int recNo, int attNo, char* name, char* value)
 int GetAttributeValue(int recNo, int attNo, char* name, std::size_t nameSize, char* value,
                       std::size_t valueSize)
 {
-    return getAttributeValue(recNo, attNo, {name, nameSize}, {value, valueSize});
+    const Buffer nameBuffer{name, nameSize};
+    const Buffer valueBuffer{value, valueSize};
+    return guarded(
+        "GetAttributeValue", [&] { return getAttributeValue(recNo, attNo, nameBuffer, valueBuffer); },
+        [&] {
+            return nothingRead({nameBuffer, valueBuffer});
+        });
 }
 
 void SizeOfAttributeValue(int* nbEntries, int* nbAttributes)

@@ -41,12 +41,15 @@ int run(const ConfigurationQuery& query, const VELUnicodeString& product,
     // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
     const VELUnicodeString productNumber = product; // the caller may have it in one of the lists
     const AttributeNames columns(query.columns.data());
-    return listOperation(query.name, [&](Operation& op, CurrentList& list) {
+    const auto emptyLists = [&lists] {
+        for (VELListValVELUnicodeString* const list : lists) {
+            list->RemoveAll(VELCollec::ReleaseElements);
+        }
+    };
+    const int count = listOperation(query.name, [&](Operation& op, CurrentList& list) {
         op.start();
         op.trace("\tProductNumber=", productNumber);
-        for (VELListValVELUnicodeString* const each : lists) {
-            each->RemoveAll(VELCollec::ReleaseElements);
-        }
+        emptyLists();
         list.reset();
         op.capture(columns, 50);
         list.renew(query.className);
@@ -64,6 +67,10 @@ int run(const ConfigurationQuery& query, const VELUnicodeString& product,
         }
         list.exit();
     });
+    if (count == 0) { // a query that broke off may have filled them in part
+        emptyLists();
+    }
+    return count;
 }
 
 } // namespace

@@ -20,7 +20,7 @@
  * @param operation the name that the lines must begin with, compared exactly.
  * @param names emptied, then filled with the attribute names.
  * @param values emptied, then filled with the values, at the same positions.
- * @return the number of pairs; there is no failure.
+ * @return the number of pairs; 0, with both lists empty, when memory runs out. There is no other failure.
  */
 VELRZM_API int DefaultRead(const VELUnicodeString& operation, VELListValVELUnicodeString& names,
                            VELListValVELUnicodeString& values);

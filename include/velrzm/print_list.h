@@ -26,7 +26,7 @@ public:
     static int Open(const VELUnicodeString& fileName);
     /**
      * Reads the next object; one without values when there is none. Returns 1, or 0 when no print list is
-     * open.
+     * open or memory runs out.
      */
     static int Next();
     /** The value of attribute `name` of the current object; "" when it has none. */

@@ -14,7 +14,12 @@
 //  3. Every operation replaces the one current result of the process (result.h) and returns `entries`: for an
 //     object 1 when it succeeded and 0 when not, for a list the number of its records, 0 when none or on failure.
 //  4. Nothing is thrown. A failed call of the server is reported on standard output, in the access log, in the
-//     error log and in the last-error file (logging.h), and leaves its negative code in `QV_RC`.
+//     error log and in the last-error file (logging.h), and leaves its negative code in `QV_RC`. Whatever else goes
+//     wrong inside a function, as when memory runs out, is reported likewise: `QV_RC` is -1, and the function
+//     returns what it returns for a failure. What the server has done by then stays done. The functions that only
+//     write (QVL_Log, DisplayError, Process_QV_RC) leave `QV_RC` as it is. A line that cannot be written is left out.
+//     The types in vel_types.h are part of the program that uses them, and throw there: std::bad_alloc when a text
+//     finds no memory, also on the way into an argument, and std::out_of_range for a position outside a list.
 //  5. Values are copied into the caller's buffers, which must be large enough; where a function also comes with
 //     a size, it never writes past it.
 //  6. All state is process-wide and unprotected: call the library from one thread at a time.

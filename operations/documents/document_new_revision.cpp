@@ -205,21 +205,26 @@ int DocumentMakeNewRevision(char* ecNumber, char* documentNumber, char* revision
                             char* newRevDocumentTitle, char* systemPartnerOid, char** attributeNames,
                             char* newRevisionNumber, char* newDbObjectId)
 {
-    Operation op("DocumentMakeNewRevision");
-    CurrentObject object(op);
-    op.start();
-    const Defaults read = op.readDefaults();
-    const RevisionInputs in{ecNumber,         documentNumber, revisionNumber, newRevDocumentTitle,
-                            systemPartnerOid, attributeNames, op.usual(read)};
-    toUpperCase(documentNumber, Letters::OfLocale);
-    listInputs(op, in);
-    object.reset();
-    op.capture(in.attributeNames, 50);
-    const bool revised = revise(op, object, in, {newRevisionNumber, newDbObjectId});
-    if (revised) {
-        op.trace("...revision ", newRevisionNumber, " for document ", documentNumber, " was created");
-    } else {
-        op.trace("...new revision for document ", documentNumber, " was not created");
-    }
-    return revised ? 1 : 0;
+    constexpr const char* name = "DocumentMakeNewRevision";
+
+    const auto run = [&] {
+        Operation op(name);
+        CurrentObject object(op);
+        op.start();
+        const Defaults read = op.readDefaults();
+        const RevisionInputs in{ecNumber,         documentNumber, revisionNumber, newRevDocumentTitle,
+                                systemPartnerOid, attributeNames, op.usual(read)};
+        toUpperCase(documentNumber, Letters::OfLocale);
+        listInputs(op, in);
+        object.reset();
+        op.capture(in.attributeNames, 50);
+        const bool revised = revise(op, object, in, {newRevisionNumber, newDbObjectId});
+        if (revised) {
+            op.trace("...revision ", newRevisionNumber, " for document ", documentNumber, " was created");
+        } else {
+            op.trace("...new revision for document ", documentNumber, " was not created");
+        }
+        return revised ? 1 : 0;
+    };
+    return guarded(name, run, withoutResult);
 }

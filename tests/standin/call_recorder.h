@@ -15,6 +15,7 @@
 
 #include <velrzm/qv_sdk.h>
 
+#include "tests/standin/memory.h"
 #include "tests/standin/standin.h"
 
 namespace standin {
@@ -88,6 +89,7 @@ private:
     void violation(const std::string& what) const { state().violation(call_.function + ": " + what); }
     bool handsOver() const;
 
+    AmpleMemory ample_;
     Call call_;
     Answer answer_;
 };

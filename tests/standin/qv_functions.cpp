@@ -77,10 +77,12 @@ int QV_Error_Size()
 
 const char* QV_Error_MsgCode(int index)
 {
+    const standin::AmpleMemory ample;
     return state().handOut(messageAt("QV_Error_MsgCode", index).code);
 }
 const char* QV_Error_MsgTxt(int index)
 {
+    const standin::AmpleMemory ample;
     return state().handOut(messageAt("QV_Error_MsgTxt", index).text);
 }
 

@@ -60,10 +60,11 @@ std::vector<Operation> masterRecords()
             .endsWith(exitOfItems)
             .goingOn({{"QV_Subscribe_Object_Attr", "update_count"}}),
         onObject("ItemHeaderCreate", // with a change it is AffectedItemCreate as well
-                 [](Inputs& in) {
-                     return ItemHeaderCreate("", in.text(), in.text(), in.text(), in.text(), in.text(),
-                                             in.text());
-                 })
+                 use(+[](const VELUnicodeString& number, const VELUnicodeString& name,
+                         const VELUnicodeString& description, const VELUnicodeString& type,
+                         const VELUnicodeString& level, const VELUnicodeString& category) {
+                     return ItemHeaderCreate({}, number, name, description, type, level, category);
+                 }))
             .takes("cc----", 6)
             .usesDefaults("ItemHeaderCreate", 60, 60)
             .endsWith(exitOfItems)

@@ -11,9 +11,11 @@
 #include <string>
 #include <tuple>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "tests/harness/texts.h"
+#include "tests/standin/memory.h"
 
 namespace sweep {
 
@@ -27,7 +29,11 @@ class Inputs {
 public:
     Inputs(std::optional<std::string> text, const std::vector<std::string>& names);
 
-    char* text() { return text_ ? copies_.emplace_back(*text_).data() : nullptr; }
+    char* text()
+    {
+        const standin::AmpleMemory ample;
+        return text_ ? copies_.emplace_back(*text_).data() : nullptr;
+    }
     /** What the operation made of text argument `number`, counted from 0. */
     const std::string& textAfterwards(std::size_t number) const { return copies_.at(number); }
     char** names() { return text_ ? static_cast<char**>(names_) : nullptr; }
@@ -62,8 +68,10 @@ std::function<int(Inputs&)> use(int (*operation)(Parameters...))
 {
     return [operation](Inputs& in) {
         int lists = (0 + ... + (std::is_same_v<Parameters, List&> ? 1 : 0));
+        std::optional<standin::AmpleMemory> ample(std::in_place);
         std::tuple<std::conditional_t<std::is_same_v<Parameters, List&>, List&, std::decay_t<Parameters>>...>
             arguments{nextArgument<Parameters>(in, lists)...};
+        ample.reset(); // the arguments are made
         return std::apply(operation, arguments);
     };
 }

@@ -21,8 +21,9 @@ std::vector<Operation> billsOfMaterial()
             .elsewhere({{"QV_Open_Object"}}),
         onList("BomExplode",
                [](Inputs& in) {
+                   static harness::Names parameters({"item_number", "max_level"});
                    std::array<char*, 3> values{in.text(), in.text(), nullptr};
-                   return BomExplode(harness::Names({"item_number", "max_level"}), values.data(), in.names());
+                   return BomExplode(parameters, values.data(), in.names());
                })
             .takes("--", 2)
             .takesNames(50)

@@ -1,0 +1,215 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// Nothing leaves an exported function as an exception: neither when standard output throws nor when memory runs out.
+#include <array>
+#include <cstring>
+#include <iostream>
+#include <streambuf>
+
+#include "tests/harness/library_test.h"
+#include "tests/standin/memory.h"
+#include "tests/sweep/operations.h"
+
+using namespace harness;
+
+namespace {
+
+const std::string longText(1500, 'x'); // longer than a line that needs no memory
+
+/** An exported function, or a use of several. */
+struct Exported {
+    std::string name;
+    std::function<void()> prepare;
+    /** Gives `failure` when it has failed and left nothing half done. */
+    std::function<int()> use;
+    int failure = 0;
+    /** Whether `QV_RC` stays what it was. */
+    bool onlyWrites = false;
+    bool allocates = true;
+};
+
+std::vector<Exported> exportedOperations()
+{
+    std::vector<Exported> all;
+    for (const sweep::Operation& operation : sweep::allOperations()) {
+        const std::string text = operation.limit > 0 ? std::string(operation.limit, 'x') : longText;
+        all.push_back({operation.name, [=] { sweep::prepare(operation); },
+                       [=] {
+                           std::optional<standin::AmpleMemory> ample(std::in_place);
+                           sweep::Inputs inputs(text, {"db_object_id", longText});
+                           ample.reset();
+                           const int result = operation.run(inputs);
+                           return result == 0 ? entries : result;
+                       }});
+        all.back().allocates = operation.name != "DocumentGetLastRevision";
+    }
+    return all;
+}
+
+/** Has calls fail whose reports need memory. */
+void failCalls()
+{
+    standin::answer("QV_Logoff", -7, {{longText, longText}});
+    standin::answer("QV_Destroy_List", -7, {{longText, longText}});
+    standin::answer("QV_Start_Multisave", -7, {{longText, longText}});
+    standin::answer("QV_Commit_Multisave", -7, {{longText, longText}});
+}
+
+std::vector<Exported> otherFunctions()
+{
+    static const VELUnicodeString what = "units";
+    static const VELUnicodeString table = "UNITS";
+    static const VELUnicodeString file = "parts.txt";
+    static VELListValVELUnicodeString from;
+    static VELListValVELUnicodeString to;
+    static std::array<char, 2000> name;
+    static std::array<char, 2000> value;
+    const auto length = [](const auto& text) { return static_cast<int>(std::strlen(text.data())); };
+    const auto write = [] { writeFile("QVL_RZM_DEFAULT", "units a b\nXlatRead units UNITS\n"); };
+    const auto translate = [=] {
+        write();
+        standin::script().translations["UNITS"] = {{"mm", longText}, {"cm", longText}};
+    };
+    const auto query = [] {
+        standin::script().records = {{{"id", longText}}};
+        AffectedItemQuery(Text("1"), Names({"id"}));
+    };
+    const auto print = [] {
+        writeFile("parts.txt", "\n- of 1\nQV_Object[1]\n\n- [a] = [b]\n- [c] = [d]\n\n");
+    };
+    const auto nothing = [] {};
+    return {
+        {"DefaultRead", write, [] { return DefaultRead(what, from, to) + from.Size() + to.Size(); }},
+        {"XlatRead", translate, [] { return XlatRead(what, from, to) + from.Size() + to.Size(); }},
+        {"XlatRead2", translate, [] { return XlatRead2(table, from, to) + from.Size() + to.Size(); }},
+        {"GetValue", query, [=] { return GetValue(0, "id", value.data()) + length(value); }},
+        {"GetAttributeValue", query,
+         [=] { return GetAttributeValue(0, 0, name.data(), value.data()) + length(name) + length(value); }},
+        {"QV_PrintList", print,
+         [] {
+             QV_PrintList::Close();
+             QV_PrintList::Open(file);
+             return QV_PrintList::Next() + _AttrNames.Size() + _AttrValues.Size();
+         }},
+        {"MultiSaveStart", failCalls, MultiSaveStart},
+        {"MultiSaveCommit", failCalls,
+         [] {
+             MultiSaveStarted = 1;
+             return MultiSaveCommit() + MultiSaveStarted;
+         }},
+        {"DestroyListOrReport",
+         [=] {
+             query();
+             failCalls();
+         },
+         DestroyListOrReport, 1},
+        {"QvConnect",
+         [] {
+             std::fclose(std::exchange(QVL_Log_File, nullptr));
+             setenv("QVL_LOG_FILE", longText.c_str(), 1); // the fixture takes it back
+         },
+         [] {
+             QVL_Log_FirstTime = 1;
+             UserLoggedOn = 0;
+             return QvConnect("jdoe", "secret");
+         }},
+        {"QvExit", failCalls, QvExit, 1},
+        {"QVL_Log", nothing,
+         [] {
+             QV_RC = 3;
+             QVL_Log(Text("a"), const_cast<char*>(longText.c_str()));
+             return 0;
+         },
+         0, true},
+        {"DisplayError", nothing,
+         [] {
+             QV_RC = 3;
+             DisplayError("Import", longText.c_str());
+             return 0;
+         },
+         0, true},
+        {"Process_QV_RC", nothing,
+         [] {
+             QV_RC = 3;
+             return Process_QV_RC(Text("a"), Text("b"), Text("c"), const_cast<char*>(longText.c_str()), 1);
+         },
+         0, true},
+    };
+}
+
+/** Takes nothing, and has the stream throw. */
+class BrokenOutput : public std::streambuf {
+public:
+    BrokenOutput() : original_(std::cout.rdbuf(this)) { std::cout.exceptions(std::ios::badbit); }
+    BrokenOutput(const BrokenOutput&) = delete;
+    BrokenOutput& operator=(const BrokenOutput&) = delete;
+    ~BrokenOutput() override
+    {
+        std::cout.exceptions(std::ios::goodbit);
+        std::cout.rdbuf(original_);
+    }
+
+private:
+    std::streambuf* original_;
+};
+
+class Edge : public LibraryTest, public ::testing::WithParamInterface<Exported> {
+protected:
+    void start(int level)
+    {
+        restart();
+        connect(level);
+        captureOutput(GetParam().prepare);
+    }
+};
+
+TEST_P(Edge, AStandardOutputThatThrowsChangesNothingElse)
+{
+    start(9);
+    const Outcome clean = record(GetParam().use);
+    start(9);
+    const Outcome broken = record([] {
+        const BrokenOutput output;
+        return GetParam().use();
+    });
+    EXPECT_EQ(broken.result, clean.result);
+    EXPECT_EQ(broken.calls, clean.calls);
+    EXPECT_EQ(broken.accessLog, clean.accessLog);
+    EXPECT_EQ(broken.errorLog, clean.errorLog);
+    EXPECT_EQ(broken.output, "");
+}
+
+TEST_P(Edge, MemoryThatRunsOutIsReportedAndAFailure)
+{
+    start(9);
+    const int result = record(GetParam().use).result;
+    bool ranOut = true;
+    int allocations = 0;
+    for (; ranOut; ++allocations) {
+        SCOPED_TRACE("after " + std::to_string(allocations) + " allocations");
+        if (QVL_ErrLog_File == nullptr || allocations == 0) {
+            start(9);
+        }
+        const std::size_t size = readFile("QVL_LOG_ERROR").size();
+        int given = 0;
+        const std::string output = captureOutput([&] {
+            const standin::ScarceMemory memory(allocations);
+            given = GetParam().use();
+            ranOut = standin::ScarceMemory::hasRunOut();
+        });
+        EXPECT_EQ(given, ranOut ? GetParam().failure : result);
+        EXPECT_EQ(countLines(readFile("QVL_LOG_ERROR", size), "Memory has run out "), ranOut ? 1 : 0);
+        EXPECT_EQ(countLines(output, "****** Memory has run out ."), ranOut ? 1 : 0);
+        if (ranOut) {
+            EXPECT_EQ(QV_RC, GetParam().onlyWrites ? 3 : -1);
+        }
+    }
+    EXPECT_EQ(allocations > 1, GetParam().allocates);
+}
+
+const auto nameOf = [](const ::testing::TestParamInfo<Exported>& tested) { return tested.param.name; };
+
+INSTANTIATE_TEST_SUITE_P(Operations, Edge, ::testing::ValuesIn(exportedOperations()), nameOf);
+INSTANTIATE_TEST_SUITE_P(Others, Edge, ::testing::ValuesIn(otherFunctions()), nameOf);
+
+} // namespace
