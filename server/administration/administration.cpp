@@ -38,22 +38,13 @@ void checkUserName(const std::string& user)
     }
 }
 
-std::unique_ptr<Store> storeWithUsers(const std::string& location)
-{
-    auto store = qvserver::openStore(location);
-    if (store->isOpenToAll()) {
-        fail(Failure::UserAdministration, location, " keeps no users; everybody may log on");
-    }
-    return store;
-}
-
 /** Opens the store and runs `change(store)` for a user who must, or must not, be there, in one transaction.
  */
 template <typename Change>
 void changeUser(const std::string& location, const std::string& user, bool mustExist, Change change)
 {
     reported([&] {
-        const auto store = storeWithUsers(location);
+        const auto store = qvserver::openStoreFile(location);
         Transaction transaction(*store, Access::Write);
         if (store->passwordHash(user).has_value() != mustExist) {
             fail(Failure::UserAdministration, location, mustExist ? " has no user " : " already has a user ",
@@ -67,11 +58,7 @@ void changeUser(const std::string& location, const std::string& user, bool mustE
 std::size_t loadFile(const std::string& location, const qvserver::LoadFormat& format, const std::string& file)
 {
     return reported([&] {
-        const auto store = qvserver::openStore(location);
-        if (store->isOpenToAll()) {
-            fail(Failure::BadArgument, location,
-                 " lives no longer than a logon; load into the store of a file");
-        }
+        const auto store = qvserver::openStoreFile(location);
         return qvserver::load(*store, format, file);
     });
 }
@@ -104,7 +91,7 @@ void requireNoStore(const std::string& location)
 StoreSummary summarizeStore(const std::string& location)
 {
     return reported([&] {
-        const auto store = storeWithUsers(location);
+        const auto store = qvserver::openStoreFile(location);
         const Transaction sameState(*store, Access::Read);
         StoreSummary summary = {store->formatVersion(), store->size(), store->userNames().size(), {}};
         for (const qvserver::Class& objectClass : qvserver::allClasses()) {
@@ -145,7 +132,7 @@ void setPassword(const std::string& location, const std::string& user, const std
 
 std::vector<std::string> listUsers(const std::string& location)
 {
-    return reported([&] { return storeWithUsers(location)->userNames(); });
+    return reported([&] { return qvserver::openStoreFile(location)->userNames(); });
 }
 
 std::size_t loadProductOptions(const std::string& location, const std::string& file)

@@ -27,7 +27,7 @@ template <typename... Pieces>
 
 [[noreturn]] void failBackupOfSystem(const std::string& file)
 {
-    failBackup(file, std::error_code(errno, std::generic_category()).message());
+    failBackup(file, systemReason(errno));
 }
 
 class Descriptor {
@@ -54,8 +54,7 @@ public:
         : file_(file), path_(file + ".XXXXXX"), descriptor_(::mkostemp(path_.data(), O_CLOEXEC))
     {
         if (descriptor_.number() == -1) {
-            failBackup(file_, "a file cannot be made in its folder: ",
-                       std::error_code(errno, std::generic_category()).message());
+            failBackup(file_, "a file cannot be made in its folder: ", systemReason(errno));
         }
     }
     ~UnfinishedFile()
@@ -81,8 +80,8 @@ public:
         const Descriptor opened(
             ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
         if (opened.number() == -1 || ::fsync(opened.number()) != 0) {
-            fail(Failure::StoreFailure, "the backup at ", file_, " may be lost if the machine stops now: ",
-                 std::error_code(errno, std::generic_category()).message());
+            fail(Failure::StoreFailure, "the backup at ", file_,
+                 " may be lost if the machine stops now: ", systemReason(errno));
         }
     }
 
@@ -140,10 +139,7 @@ void checkPlace(const std::vector<std::string>& storeFiles, const std::string& f
 void backUpStore(const std::string& location, const std::string& file, Replace replace,
                  const CopyProgress& progress)
 {
-    const auto store = openStore(location);
-    if (store->isOpenToAll()) {
-        fail(Failure::BadArgument, location, " lives as long as a logon; there is nothing to back up");
-    }
+    const auto store = openStoreFile(location);
     const auto storeFiles = storeFilesAt(pathOfStore(location));
     checkPlace(storeFiles, file, replace);
     struct stat status = {};

@@ -23,20 +23,6 @@ std::vector<csv::Record> recordsOf(const std::string& path)
     }
 }
 
-[[noreturn]] void failAtLine(const std::string& path, std::size_t line, const std::string& reason)
-{
-    fail(Failure::BadArgument, path, ':', line, ": ", reason, "; nothing was loaded");
-}
-
-std::string join(const std::vector<std::string>& texts)
-{
-    std::string joined;
-    for (const std::string& text : texts) {
-        joined.append(joined.empty() ? "" : ",").append(text);
-    }
-    return joined;
-}
-
 /** Turns the records of a file into values of objects, and refuses those that are wrong. */
 class Reader {
 public:
@@ -48,7 +34,7 @@ public:
     {
         const std::vector<csv::Record> records = recordsOf(path_);
         if (records.empty()) {
-            failAtLine(path_, 1, "the file is empty; it begins with the line " + header());
+            refuse(1, "the file is empty; its first line must be ", header());
         }
         takeHeader(records.front());
         std::vector<Values> rows;
@@ -61,11 +47,7 @@ public:
 private:
     std::string header() const
     {
-        std::vector<std::string> names;
-        for (const LoadColumn& column : format_.columns) {
-            names.emplace_back(column.name);
-        }
-        return join(names);
+        return joined(format_.columns, ",", [](const LoadColumn& column) { return column.name; });
     }
 
     /** Takes note of the columns, which may come in any order. */
@@ -81,18 +63,16 @@ private:
         }
         const std::set<const LoadColumn*> distinct(columns_.begin(), columns_.end());
         if (distinct.size() != format_.columns.size() || record.fields.size() != format_.columns.size()) {
-            failAtLine(path_, record.line,
-                       "the first line must name the columns, " + header() + ", and not be " +
-                           inQuotes(join(record.fields)));
+            refuse(record.line, "the first line must name the columns ", header(), ", but is ",
+                   inQuotes(joined(record.fields, ",")));
         }
     }
 
     Values valuesOf(const csv::Record& record)
     {
         if (record.fields.size() != columns_.size()) {
-            failAtLine(path_, record.line,
-                       "the row has " + std::to_string(record.fields.size()) + " fields instead of " +
-                           std::to_string(columns_.size()) + ", " + header());
+            refuse(record.line, "the row has ", record.fields.size(), " fields instead of ", columns_.size(),
+                   ", ", header());
         }
         Values values;
         for (std::size_t place = 0; place < columns_.size(); ++place) {
@@ -105,17 +85,16 @@ private:
 
     void checkField(std::size_t line, const LoadColumn& column, const std::string& value) const
     {
-        const std::string name(column.name);
         if (!column.mayBeEmpty && withoutTrailingBlanks(value).empty()) {
-            failAtLine(path_, line, "the " + name + " is empty");
+            refuse(line, "the column ", column.name, " is empty");
         }
         if (value.size() > QV_MAX_VALUE_LENGTH) {
-            failAtLine(path_, line,
-                       "the " + name + " has " + std::to_string(value.size()) + " characters; at most " +
-                           std::to_string(QV_MAX_VALUE_LENGTH) + " can be stored");
+            refuse(line, "the column ", column.name, " has ", value.size(), " characters; at most ",
+                   QV_MAX_VALUE_LENGTH, " can be stored");
         }
         if (value.find('\0') != std::string::npos) {
-            failAtLine(path_, line, "the " + name + " contains a NUL character; save the file as UTF-8 text");
+            refuse(line, "the column ", column.name,
+                   " contains a NUL character; save the file as UTF-8 text");
         }
     }
 
@@ -127,10 +106,14 @@ private:
         }
         const auto [first, isNew] = lineOfKeys_.emplace(std::move(keys), line);
         if (!isNew) {
-            failAtLine(path_, line,
-                       inQuotes(join(first->first)) + " stands already in line " +
-                           std::to_string(first->second));
+            refuse(line, inQuotes(joined(first->first, ",")), " is already in line ", first->second);
         }
+    }
+
+    template <typename... Pieces>
+    [[noreturn]] void refuse(std::size_t line, const Pieces&... pieces) const
+    {
+        fail(Failure::BadArgument, path_, ':', line, ": ", pieces..., "; nothing was loaded");
     }
 
     const LoadFormat& format_;

@@ -21,6 +21,12 @@ std::string environment(const char* name)
     return value == nullptr ? "" : value;
 }
 
+[[noreturn]] void failInMemory(const std::string& location)
+{
+    fail(Failure::BadArgument, location,
+         " keeps nothing longer than a logon, users included; name a store in a file for this");
+}
+
 } // namespace
 
 std::string storeLocation()
@@ -65,6 +71,15 @@ std::unique_ptr<Store> openStore(const std::string& location)
     return path == inMemory ? SqliteStore::inMemory() : SqliteStore::open(path);
 }
 
+std::unique_ptr<Store> openStoreFile(const std::string& location)
+{
+    auto store = openStore(location);
+    if (store->isOpenToAll()) {
+        failInMemory(location);
+    }
+    return store;
+}
+
 void requireNothingAt(const std::string& location)
 {
     SqliteStore::requireNothingAt(pathOfStore(location));
@@ -74,7 +89,7 @@ void createStore(const std::string& location, const std::string& user, const std
 {
     const std::string path = pathOfStore(location);
     if (path == inMemory) {
-        fail(Failure::BadArgument, location, " lives as long as a logon and needs no initialisation");
+        failInMemory(location);
     }
     SqliteStore::create(path, user, passwordHash);
 }

@@ -21,6 +21,9 @@ std::string defaultStoreLocation();
 /** Opens the store at `location`. */
 std::unique_ptr<Store> openStore(const std::string& location);
 
+/** Opens the store at `location`; fails when it is one in memory, which nobody can administer. */
+std::unique_ptr<Store> openStoreFile(const std::string& location);
+
 /** Makes an empty store with its first user at `location`, where nothing may be yet. */
 void createStore(const std::string& location, const std::string& user, const std::string& passwordHash);
 

@@ -226,14 +226,14 @@ const std::vector<Class>& allClasses()
 
 const Class& classNamed(std::string_view name)
 {
-    std::string names;
-    for (const Class& known : allClasses()) {
-        if (known.name == name) {
-            return known;
-        }
-        names.append(names.empty() ? "" : ", ").append(known.name);
+    const auto& all = allClasses();
+    const auto found =
+        std::find_if(all.begin(), all.end(), [name](const Class& known) { return known.name == name; });
+    if (found == all.end()) {
+        fail(Failure::BadArgument, "there is no class ", inQuotes(name),
+             "; there are: ", joined(all, ", ", [](const Class& known) { return known.name; }));
     }
-    fail(Failure::BadArgument, "there is no class ", inQuotes(name), "; there are: ", names);
+    return *found;
 }
 
 void checkPath(std::string_view path)

@@ -10,6 +10,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 #include <velrzm/qv_sdk.h>
 
@@ -69,6 +70,12 @@ template <typename... Pieces>
     throw ServerError(failure, text.str());
 }
 
+/** What the system says of an error number. */
+inline std::string systemReason(int error)
+{
+    return std::error_code(error, std::generic_category()).message();
+}
+
 /** A value as messages show it: in quotes, a long one cut. */
 inline std::string inQuotes(std::string_view value)
 {
@@ -76,6 +83,12 @@ inline std::string inQuotes(std::string_view value)
     std::string text = "'";
     text.append(value.substr(0, limit));
     return text.append(value.size() > limit ? "...'" : "'");
+}
+
+/** An attribute and its value as messages show them. */
+inline std::string pathWithValue(std::string_view path, std::string_view value)
+{
+    return std::string(path) + '=' + inQuotes(value);
 }
 
 } // namespace qvserver

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <system_error>
 #include <variant>
@@ -35,6 +36,26 @@ inline bool sameText(std::string_view left, std::string_view right) noexcept
 inline std::uint32_t hashOf(std::string_view value) noexcept
 {
     return static_cast<std::uint32_t>(std::hash<std::string_view>()(withoutTrailingBlanks(value)));
+}
+
+/** What `textOf` makes of each element of `range`, with `separator` in between. */
+template <typename Range, typename TextOf>
+std::string joined(const Range& range, std::string_view separator, TextOf textOf)
+{
+    std::string text;
+    bool isFirst = true;
+    for (const auto& element : range) {
+        text.append(isFirst ? std::string_view() : separator).append(textOf(element));
+        isFirst = false;
+    }
+    return text;
+}
+
+/** The texts of `range` with `separator` in between. */
+template <typename Range>
+std::string joined(const Range& range, std::string_view separator)
+{
+    return joined(range, separator, [](std::string_view element) { return element; });
 }
 
 inline bool isDigit(char c) noexcept

@@ -67,7 +67,7 @@ std::int64_t foundOrFail(std::optional<std::int64_t> found, const Class& objectC
 {
     if (!found) {
         fail(Failure::NotFound, "there is no ", objectClass.name, " with ",
-             hasId(wanted) ? "db_object_id=" + inQuotes(valueOf(wanted, objectIdPath))
+             hasId(wanted) ? pathWithValue(objectIdPath, valueOf(wanted, objectIdPath))
                            : keysOf(objectClass, wanted));
     }
     return *found;
@@ -83,7 +83,7 @@ void checkKeys(Store& store, const Class& objectClass, std::int64_t id, const Va
         const auto set = wanted.find(objectClass.keys[key]);
         if (set != wanted.end() && !sameText(set->second, stored->value(0, key))) {
             fail(Failure::KeyMismatch, "the ", objectClass.name, " with db_object_id '", id, "' has ",
-                 set->first, "=", inQuotes(stored->value(0, key)), ", not ", inQuotes(set->second),
+                 pathWithValue(set->first, stored->value(0, key)), ", not ", inQuotes(set->second),
                  "; nothing was deleted");
         }
     }
@@ -112,11 +112,8 @@ std::int64_t objectToDelete(Store& store, const Class& objectClass, const Values
 
 std::string keysOf(const Class& objectClass, const Values& values)
 {
-    std::string text;
-    for (const std::string_view key : objectClass.keys) {
-        text.append(text.empty() ? "" : ", ").append(key).append("=").append(inQuotes(valueOf(values, key)));
-    }
-    return text;
+    return joined(objectClass.keys, ", ",
+                  [&](std::string_view key) { return pathWithValue(key, valueOf(values, key)); });
 }
 
 } // namespace qvserver

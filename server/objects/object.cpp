@@ -85,7 +85,7 @@ void Object::save(Store& store)
 std::int64_t Object::create(Store& store) const
 {
     if (const auto id = valueOf(given_, objectIdPath); !withoutTrailingBlanks(id).empty()) {
-        fail(Failure::BadArgument, "db_object_id=", inQuotes(id), " is set on a new ", class_->name,
+        fail(Failure::BadArgument, pathWithValue(objectIdPath, id), " is set on a new ", class_->name,
              "; open the object to change it, or leave the id empty to create one");
     }
     return insert(store, storable(*class_, given_));
@@ -136,7 +136,7 @@ void Object::checkSameId() const
 {
     const auto id = withoutTrailingBlanks(valueOf(changes_, objectIdPath));
     if (!id.empty() && id != std::to_string(stored_->id)) {
-        fail(Failure::BadArgument, "db_object_id=", inQuotes(id), " is set on the opened ", class_->name,
+        fail(Failure::BadArgument, pathWithValue(objectIdPath, id), " is set on the opened ", class_->name,
              " with db_object_id '", stored_->id, "'; open the other one to change it");
     }
 }

@@ -27,12 +27,9 @@ Query targetsOf(const Reference& reference, std::string_view Link::*source, cons
 
 std::string describe(const Reference& reference, std::string_view Link::*source, const Values& values)
 {
-    std::string text;
-    for (const Link& link : reference.links) {
-        text.append(text.empty() ? "" : ", ").append(link.*source).append("=");
-        text.append(inQuotes(valueOf(values, link.*source)));
-    }
-    return text;
+    return joined(reference.links, ", ", [&](const Link& link) {
+        return pathWithValue(link.*source, valueOf(values, link.*source));
+    });
 }
 
 /** Calls `visit(referring class, reference)` for every reference to `target` that the class table knows. */

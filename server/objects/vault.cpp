@@ -29,7 +29,7 @@ std::string describe(const Class& objectClass, const Values& values)
 {
     const std::string_view versionPath = objectClass.vault->version;
     return "the " + std::string(objectClass.name) + " with " + keysOf(objectClass, values) + ", " +
-           std::string(versionPath) + '=' + inQuotes(valueOf(values, versionPath));
+           pathWithValue(versionPath, valueOf(values, versionPath));
 }
 
 std::string_view holderOf(const Class& objectClass, const Values& values)
@@ -99,8 +99,8 @@ Values nextVersion(Store& store, const Class& objectClass, std::int64_t id, cons
     for (const std::string_view key : objectClass.keys) {
         const auto set = changed.find(key);
         if (set != changed.end() && !sameText(set->second, valueOf(base, key))) {
-            fail(Failure::KeyMismatch, describe(objectClass, base), " is checked in with ", key, "=",
-                 inQuotes(set->second), "; a version stays within its revision");
+            fail(Failure::KeyMismatch, describe(objectClass, base), " is checked in with ",
+                 pathWithValue(key, set->second), "; a version stays within its revision");
         }
     }
     Values next = changed;

@@ -4,8 +4,9 @@
 // until it is done, and a person wants to see how far the copy of a large store has come and to stop it.
 #include "server/sqlite/copy.h"
 
-#include <cstring>
 #include <memory>
+
+#include "server/base/errors.h"
 
 namespace qvserver {
 
@@ -33,21 +34,6 @@ struct FinishBackup {
 };
 using Backup = std::unique_ptr<sqlite3_backup, FinishBackup>;
 
-[[noreturn]] void failOfCopy(sqlite3* copy, int code, int systemError)
-{
-    switch (code & 0xFF) {
-    case SQLITE_NOMEM:
-        throw std::bad_alloc();
-    case SQLITE_FULL:
-        fail(Failure::StoreFailure, "no room is left on its disk");
-    case SQLITE_CORRUPT:
-    case SQLITE_NOTADB:
-        fail(Failure::StoreUnusable, "the store is damaged (", sqlite3_errmsg(copy), ")");
-    default:
-        fail(Failure::StoreFailure, systemError != 0 ? std::strerror(systemError) : sqlite3_errmsg(copy));
-    }
-}
-
 } // namespace
 
 void copyDatabase(SqliteDatabase& database, const std::string& path, const CopyProgress& progress)
@@ -58,7 +44,7 @@ void copyDatabase(SqliteDatabase& database, const std::string& path, const CopyP
     copy.run("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF"); // a copy that fails is thrown away
     Backup backup(sqlite3_backup_init(copy.handle(), "main", database.handle(), "main"));
     if (backup == nullptr) {
-        failOfCopy(copy.handle(), sqlite3_errcode(copy.handle()), 0);
+        failWithCode(sqlite3_errcode(copy.handle()), "", sqlite3_errmsg(copy.handle()));
     }
     int code = SQLITE_OK;
     while ((code = sqlite3_backup_step(backup.get(), pagesAtOnce)) == SQLITE_OK || code == SQLITE_DONE) {
@@ -70,7 +56,8 @@ void copyDatabase(SqliteDatabase& database, const std::string& path, const CopyP
         }
     }
     backup.reset(); // only now does the copy know what failed
-    failOfCopy(copy.handle(), code, sqlite3_system_errno(copy.handle()));
+    const int error = sqlite3_system_errno(copy.handle());
+    failWithCode(code, "", error != 0 ? systemReason(error) : sqlite3_errmsg(copy.handle()));
 }
 
 } // namespace qvserver

@@ -9,7 +9,6 @@ namespace qvserver {
 
 namespace {
 
-constexpr int busyTimeoutSeconds = 10;
 constexpr std::size_t maxStatements = 500;
 
 std::string_view textOf(sqlite3_value* value)
@@ -38,33 +37,6 @@ void numberOfSqlite(sqlite3_context* context, int /*count*/, sqlite3_value** arg
 
 } // namespace
 
-void failOfSqlite(sqlite3* database, int code)
-{
-    const std::string reason = database == nullptr ? sqlite3_errstr(code) : sqlite3_errmsg(database);
-    const char* const file = database == nullptr ? nullptr : sqlite3_db_filename(database, "main");
-    const std::string store =
-        file == nullptr || *file == '\0' ? "the store" : std::string("the store ") + file;
-    switch (code & 0xFF) {
-    case SQLITE_NOMEM:
-        throw std::bad_alloc();
-    case SQLITE_BUSY:
-    case SQLITE_LOCKED:
-        fail(Failure::StoreBusy, store, " was kept busy by another process for ", busyTimeoutSeconds,
-             " seconds; nothing was changed, try again");
-    case SQLITE_READONLY:
-    case SQLITE_PERM:
-        fail(Failure::StoreReadOnly, store, " cannot be written (", reason,
-             "); check the permissions of the file and its folder");
-    case SQLITE_NOTADB:
-    case SQLITE_CORRUPT:
-        fail(Failure::StoreUnusable, store, " is damaged or not a store at all (", reason, ")");
-    case SQLITE_FULL:
-        fail(Failure::StoreFailure, store, " has no room left on its disk; nothing was changed");
-    default:
-        fail(Failure::StoreFailure, store, " failed: ", reason);
-    }
-}
-
 SqliteDatabase::SqliteDatabase(const std::string& path)
 {
     sqlite3* opened = nullptr;
@@ -72,11 +44,8 @@ SqliteDatabase::SqliteDatabase(const std::string& path)
                           SQLITE_OPEN_NOMUTEX; // the interface is used from one thread at a time
     const int code = sqlite3_open_v2(path.c_str(), &opened, flags, nullptr);
     handle_.reset(opened);
-    if (code == SQLITE_NOMEM) {
-        throw std::bad_alloc();
-    }
     if (code != SQLITE_OK) {
-        fail(Failure::StoreUnusable, "the store ", path, " cannot be opened: ", sqlite3_errmsg(opened));
+        failWithCode(code, path, sqlite3_errmsg(opened));
     }
     sqlite3_busy_timeout(opened, busyTimeoutSeconds * 1000);
     run("PRAGMA synchronous = FULL; PRAGMA foreign_keys = OFF; PRAGMA trusted_schema = OFF");
@@ -91,7 +60,7 @@ void SqliteDatabase::addFunctions()
         const int code = sqlite3_create_function_v2(handle(), name, arguments, flags, nullptr, function,
                                                     nullptr, nullptr, nullptr);
         if (code != SQLITE_OK) {
-            failOfSqlite(handle(), code);
+            failWithCode(code, handle());
         }
     };
     add(likeFunction, 2, likeOfSqlite);
@@ -127,7 +96,7 @@ void SqliteDatabase::run(const char* text)
 {
     const int code = sqlite3_exec(handle(), text, nullptr, nullptr, nullptr);
     if (code != SQLITE_OK) {
-        failOfSqlite(handle(), code);
+        failWithCode(code, handle());
     }
 }
 

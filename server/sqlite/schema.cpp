@@ -5,6 +5,7 @@
 #include <string>
 
 #include "server/base/class_table.h"
+#include "server/base/errors.h"
 
 namespace qvserver {
 
@@ -20,15 +21,6 @@ const char* const commonTables =
     "CREATE TABLE attribute (object INTEGER NOT NULL, name TEXT NOT NULL, value TEXT NOT NULL,"
     " PRIMARY KEY (object, name)) WITHOUT ROWID;";
 
-std::string columnList(const std::vector<std::string_view>& paths)
-{
-    std::string list;
-    for (const std::string_view path : paths) {
-        list += (list.empty() ? "" : ", ") + sqlName(path);
-    }
-    return list;
-}
-
 std::string tableOf(const Class& described)
 {
     const std::string table = sqlName(described.name);
@@ -42,7 +34,8 @@ std::string tableOf(const Class& described)
         keys.push_back(described.vault->version);
     }
     const std::string index = sqlName(std::string(described.name) + " key");
-    return sql + ");CREATE UNIQUE INDEX " + index + " ON " + table + " (" + columnList(keys) + ");";
+    return sql + ");CREATE UNIQUE INDEX " + index + " ON " + table + " (" + joined(keys, ", ", sqlName) +
+           ");";
 }
 
 /** Indexes for the columns that joins and checks of references look in, unless the key begins with them. */

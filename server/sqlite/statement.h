@@ -15,14 +15,11 @@
 
 #include <sqlite3.h>
 
-#include "server/base/errors.h"
+#include "server/sqlite/failures.h"
 #include "server/store/query_sql.h"
 #include "server/store/rows.h"
 
 namespace qvserver {
-
-/** Fails with the kind of failure that the SQLite code stands for. */
-[[noreturn]] void failOfSqlite(sqlite3* database, int code);
 
 class SqliteStatement {
 public:
@@ -96,7 +93,7 @@ private:
     static void check(bool fine, sqlite3* database, int code)
     {
         if (!fine) {
-            failOfSqlite(database, code);
+            failWithCode(code, database);
         }
     }
 

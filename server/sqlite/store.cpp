@@ -8,6 +8,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include "server/base/errors.h"
 #include "server/sqlite/copy.h"
 #include "server/sqlite/lookup.h"
 #include "server/sqlite/schema.h"
