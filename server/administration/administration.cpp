@@ -18,7 +18,7 @@ using qvserver::inQuotes;
 using qvserver::Store;
 using qvserver::Transaction;
 
-/** Runs `use` and turns whatever it throws into a StoreError. */
+/** Runs `use`; what it throws becomes a StoreError. */
 template <typename Use>
 auto reported(Use use)
 {
@@ -38,8 +38,7 @@ void checkUserName(const std::string& user)
     }
 }
 
-/** Opens the store and runs `change(store)` for a user who must, or must not, be there, in one transaction.
- */
+/** Opens the store and runs `change(store)` in one transaction, for a user who must exist or must not. */
 template <typename Change>
 void changeUser(const std::string& location, const std::string& user, bool mustExist, Change change)
 {

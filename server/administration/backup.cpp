@@ -47,14 +47,14 @@ private:
     int number_;
 };
 
-/** An empty file beside the one that it is to become; removed unless it has become that. */
+/** An empty file beside its final place; removed unless it was moved there. */
 class UnfinishedFile {
 public:
     explicit UnfinishedFile(const std::string& file)
         : file_(file), path_(file + ".XXXXXX"), descriptor_(::mkostemp(path_.data(), O_CLOEXEC))
     {
         if (descriptor_.number() == -1) {
-            failBackup(file_, "a file cannot be made in its folder: ", systemReason(errno));
+            failBackup(file_, "cannot create a file in its folder: ", systemReason(errno));
         }
     }
     ~UnfinishedFile()
@@ -68,7 +68,7 @@ public:
 
     const std::string& path() const noexcept { return path_; }
 
-    /** Gives the file its name once everything in it is on the disk. */
+    /** Moves the file to its place when its content is on the disk. */
     void finish(mode_t permissions, Replace replace)
     {
         if (::fchmod(descriptor_.number(), permissions) != 0 || ::fsync(descriptor_.number()) != 0 ||
@@ -86,14 +86,14 @@ public:
     }
 
 private:
-    /** Somebody else may have made the file meanwhile: without leave to replace it, that must show. */
+    /** Another process may have created the file meanwhile, which only Replace::Yes may overwrite. */
     bool rename(Replace replace) const
     {
         if (replace == Replace::Yes) {
             return ::rename(path_.c_str(), file_.c_str()) == 0;
         }
         return ::renameat2(AT_FDCWD, path_.c_str(), AT_FDCWD, file_.c_str(), RENAME_NOREPLACE) == 0 ||
-               (errno == EINVAL && // not every disk knows this flag
+               (errno == EINVAL && // some file systems do not know this flag
                 ::link(path_.c_str(), file_.c_str()) == 0 && ::unlink(path_.c_str()) == 0);
     }
 
@@ -108,7 +108,7 @@ bool isThere(const std::string& path)
     return fs::exists(fs::symlink_status(path, ignored));
 }
 
-/** Refuses a place where a copy would destroy something, or would be destroyed. */
+/** Fails when a copy at `file` would destroy something, or would be destroyed. */
 void checkPlace(const std::vector<std::string>& storeFiles, const std::string& file, Replace replace)
 {
     std::error_code ignored;
@@ -127,9 +127,10 @@ void checkPlace(const std::vector<std::string>& storeFiles, const std::string& f
     const auto files = storeFilesAt(file);
     for (auto beside = files.begin() + 1; beside != files.end(); ++beside) {
         if (isThere(*beside)) {
-            failBackup(file, *beside,
-                       " belongs to a store that is in use there or was not closed; choose "
-                       "another file, or end its use and remove both");
+            failBackup(
+                file, *beside,
+                " belongs to a store that is in use or was not closed; choose another file, or end its "
+                "use and remove both");
         }
     }
 }

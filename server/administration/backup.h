@@ -11,8 +11,8 @@ namespace qvserver {
 enum class Replace { No, Yes };
 
 /**
- * Writes a copy of the store at `location` to `file`, where it is a store of its own. The copy appears there as
- * a whole and on the disk, or not at all.
+ * Writes a copy of the store at `location` to `file`, where it is a store of its own. The copy appears there complete and
+ * synced to the disk, or not at all.
  */
 void backUpStore(const std::string& location, const std::string& file, Replace replace,
                  const CopyProgress& progress);

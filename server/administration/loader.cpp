@@ -23,7 +23,7 @@ std::vector<csv::Record> recordsOf(const std::string& path)
     }
 }
 
-/** Turns the records of a file into values of objects, and refuses those that are wrong. */
+/** Turns the records of a file into the values of objects; refuses records that are wrong. */
 class Reader {
 public:
     Reader(const LoadFormat& format, const std::string& path)
@@ -50,7 +50,7 @@ private:
         return joined(format_.columns, ",", [](const LoadColumn& column) { return column.name; });
     }
 
-    /** Takes note of the columns, which may come in any order. */
+    /** Reads the names of the columns, which may be in any order. */
     void takeHeader(const csv::Record& record)
     {
         for (const std::string& field : record.fields) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// Loading what no call of the interface stores, from CSV files.
+// Loading objects that no call of the interface creates, from CSV files.
 #ifndef VELRZM_SERVER_ADMINISTRATION_LOADER_H
 #define VELRZM_SERVER_ADMINISTRATION_LOADER_H
 
@@ -13,14 +13,14 @@
 
 namespace qvserver {
 
-/** A column of a file, and the attribute that its values go to. */
+/** A column of a file, and the attribute for its values. */
 struct LoadColumn {
     std::string_view name;
     std::string_view path;
     bool mayBeEmpty = false;
 };
 
-/** A kind of file. The first column tells whose rows they are; loading replaces all of that owner's. */
+/** A kind of file. The first column names the owner of a row; loading replaces all that its owners have. */
 struct LoadFormat {
     std::string_view className;
     std::vector<LoadColumn> columns;
@@ -30,7 +30,7 @@ const LoadFormat& productOptions();
 const LoadFormat& productPackages();
 const LoadFormat& translationTables();
 
-/** Loads the file, all of it or nothing, and tells how many rows it has. */
+/** Loads the file, all of it or nothing, and returns its number of rows. */
 std::size_t load(Store& store, const LoadFormat& format, const std::string& path);
 
 } // namespace qvserver

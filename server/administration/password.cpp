@@ -15,10 +15,10 @@ namespace {
 
 constexpr const char* method = "$y$"; // yescrypt
 constexpr unsigned long cost = 5;
-/** A setting like those of real hashes, for users that do not exist. */
+/** A setting like that of a real hash, for users that do not exist. */
 constexpr const char* noSetting = "$y$j9T$F5Jx5fExrKuPp53xLKQ..1";
 
-/** What crypt makes of the password and a setting (method, cost, salt); "" when it refuses either. */
+/** The hash of the password with a setting (method, cost, salt); "" when crypt refuses either. */
 std::string crypted(const std::string& password, const std::string& setting)
 {
     const auto data = std::make_unique<crypt_data>();
@@ -26,7 +26,7 @@ std::string crypted(const std::string& password, const std::string& setting)
     return hash == nullptr || *hash == '*' ? "" : hash;
 }
 
-/** Compares in a time that does not depend on where the texts differ. */
+/** Compares in a time that does not depend on where the hashes differ. */
 bool sameHash(const std::string& left, const std::string& right)
 {
     int difference = left.size() == right.size() ? 0 : 1;
@@ -46,11 +46,11 @@ std::string hashOfPassword(const std::string& password)
     }
     std::array<char, CRYPT_GENSALT_OUTPUT_SIZE> setting = {};
     if (crypt_gensalt_rn(method, cost, nullptr, 0, setting.data(), int(setting.size())) == nullptr) {
-        fail(Failure::Internal, "the system's crypt library makes no salt for ", method);
+        fail(Failure::Internal, "the system's crypt library cannot make a salt for ", method);
     }
     std::string hash = crypted(password, setting.data());
     if (hash.empty()) {
-        fail(Failure::UserAdministration, "the password cannot be used; it may have ",
+        fail(Failure::UserAdministration, "the password cannot be used; it can have ",
              CRYPT_MAX_PASSPHRASE_SIZE - 1, " characters at most");
     }
     return hash;

@@ -12,7 +12,7 @@ namespace qvserver {
 /** The hash of `password` with a new salt; fails when the password cannot be used. */
 std::string hashOfPassword(const std::string& password);
 
-/** Whether `password` has this hash. Without a hash it takes as long and is false. */
+/** Whether `password` has this hash; without a hash it is false, after the same time. */
 bool isPassword(const std::string& password, const std::optional<std::string>& hash);
 
 } // namespace qvserver

@@ -38,12 +38,12 @@ std::string storeLocation()
 std::string defaultStoreLocation()
 {
     std::string folder = environment("XDG_DATA_HOME");
-    if (folder.empty() || folder.front() != '/') { // a relative folder is to be ignored
+    if (folder.empty() || folder.front() != '/') { // the XDG specification has relative paths ignored
         const std::string home = environment("HOME");
         if (home.empty()) {
-            fail(Failure::StoreMissing,
-                 "no place for a store: neither QV_STORE nor XDG_DATA_HOME nor HOME is set; set "
-                 "QV_STORE to sqlite:PATH");
+            fail(Failure::StoreMissing, "there is no place for a store: QV_STORE, XDG_DATA_HOME and HOME are "
+                                        "not set; set QV_STORE to "
+                                        "sqlite:PATH");
         }
         folder = home + "/.local/share";
     }
@@ -55,7 +55,7 @@ std::string pathOfStore(const std::string& location)
     if (location.compare(0, sqliteScheme.size(), sqliteScheme) != 0 ||
         location.size() == sqliteScheme.size()) {
         fail(Failure::BadArgument, inQuotes(location),
-             " names no store; set QV_STORE to sqlite:PATH or sqlite::memory:");
+             " is not the location of a store; set QV_STORE to sqlite:PATH or sqlite::memory:");
     }
     return location.substr(sqliteScheme.size());
 }

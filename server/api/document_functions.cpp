@@ -3,8 +3,8 @@
 
 using qvserver::fail;
 using qvserver::Failure;
-using qvserver::given;
 using qvserver::guard;
+using qvserver::requireVariable;
 using qvserver::Session;
 
 namespace {
@@ -61,7 +61,7 @@ int QV_Create_and_CheckIn_Doc(QV_ObjectHandle document, int option)
 int QV_Make_New_Revision(QV_ObjectHandle document, QV_ObjectHandle* revision)
 {
     return guard([=](Session& session) {
-        QV_ObjectHandle& made = given(revision, "handle of the new revision");
+        QV_ObjectHandle& made = requireVariable(revision, "handle of the new revision");
         made = session.objects().insert(session.object(document).makeRevision(session.store()));
     });
 }

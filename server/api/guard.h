@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// The way into every function of the interface: no exception gets out, and a failure becomes its code and a
-// message. A call that succeeds leaves the message of the last failure, so that callers may clean up before
-// they ask for it.
+// The guard around every function of the interface: no exception escapes, and a failure becomes its code and a
+// message. A call that succeeds keeps the message of the last failure, so that callers may clean up before they
+// ask for it.
 #ifndef VELRZM_SERVER_API_GUARD_H
 #define VELRZM_SERVER_API_GUARD_H
 
@@ -16,7 +16,7 @@
 
 namespace qvserver {
 
-/** Runs `call(session)`: 0, or the code of its failure. */
+/** Runs `call(session)`; 0, or the code of its failure. */
 template <typename Call>
 int guardWithoutLogon(Call call) noexcept
 {
@@ -34,7 +34,7 @@ int guardWithoutLogon(Call call) noexcept
     }
 }
 
-/** As `guardWithoutLogon`, for the functions that need a user. */
+/** Like `guardWithoutLogon`, for functions that require a user. */
 template <typename Call>
 int guard(Call call) noexcept
 {
@@ -44,8 +44,8 @@ int guard(Call call) noexcept
     });
 }
 
-/** The text of an argument. */
-inline std::string_view given(const char* text, const char* argument)
+/** The text of an argument; fails when it is a null pointer. */
+inline std::string_view requireText(const char* text, const char* argument)
 {
     if (text == nullptr) {
         fail(Failure::BadArgument, "the ", argument, " is a null pointer");
@@ -53,9 +53,9 @@ inline std::string_view given(const char* text, const char* argument)
     return text;
 }
 
-/** The caller's variable that a result goes to. */
+/** The caller's variable for a result; fails when its address is a null pointer. */
 template <typename Variable>
-Variable& given(Variable* variable, const char* argument)
+Variable& requireVariable(Variable* variable, const char* argument)
 {
     if (variable == nullptr) {
         fail(Failure::BadArgument, "the address of the ", argument, " is a null pointer");
@@ -63,11 +63,11 @@ Variable& given(Variable* variable, const char* argument)
     return *variable;
 }
 
-/** Releases the handle in the caller's variable and leaves that null, also when the handle is none. */
+/** Releases the handle in the caller's variable, which becomes null even when the handle is not a valid one. */
 template <typename Table, typename Handle>
 void destroy(Table& table, Handle* variable)
 {
-    Handle& handle = given(variable, "handle");
+    Handle& handle = requireVariable(variable, "handle");
     if (handle != nullptr) {
         const Handle released = handle;
         handle = nullptr;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// Handles of the interface. A handle is a number in the shape of a pointer: the place of its state in a
-// table, how often that place was used before, and the kind of handle. It is looked up and never followed, so
-// a handle that is null, foreign or destroyed is an error and nothing worse.
+// Handles of the interface. A handle is a number in the shape of a pointer: the slot of its state in a table, how
+// often that slot was used before, and the kind of handle. It is looked up, never dereferenced, so a handle that is
+// null, foreign or destroyed is an error and nothing worse.
 #ifndef VELRZM_SERVER_API_HANDLES_H
 #define VELRZM_SERVER_API_HANDLES_H
 
@@ -17,17 +17,17 @@
 
 namespace qvserver {
 
-/** The live handles of one kind. `kind` is between 1 and 15, another one for each type of handle. */
+/** The live handles of one kind; `kind` is a number between 1 and 15 that no other type of handle has. */
 template <typename Handle, typename State, std::uint64_t kind>
 class HandleTable {
     static_assert(sizeof(std::uintptr_t) == sizeof(std::uint64_t),
-                  "a handle holds place, generation and kind in 64 bits");
+                  "a handle holds slot, generation and kind in 64 bits");
 
 public:
     Handle insert(State state)
     {
         if (free_.empty()) {
-            free_.reserve(slots_.size() + 1); // so that erase needs no memory
+            free_.reserve(slots_.size() + 1); // so that erase does not allocate
             slots_.emplace_back();
             free_.push_back(slots_.size() - 1);
         }
@@ -35,7 +35,7 @@ public:
         slots_[place].state.emplace(std::move(state));
         free_.pop_back();
         const std::uint64_t bits = (slots_[place].generation << 32) | (kind << 28) | place;
-        return reinterpret_cast<Handle>(bits); // NOLINT(performance-no-int-to-ptr): never followed
+        return reinterpret_cast<Handle>(bits); // NOLINT(performance-no-int-to-ptr): never dereferenced
     }
 
     State& at(Handle handle) { return *slots_[placeOf(handle)].state; }
@@ -67,7 +67,7 @@ private:
         if (((bits >> 28) & 0xF) != kind || place >= slots_.size() || !slots_[place].state ||
             slots_[place].generation != bits >> 32) {
             fail(Failure::BadHandle,
-                 "the handle was destroyed, belongs to an earlier logon or is of another kind; "
+                 "the handle was destroyed, belongs to an earlier logon, or is not of this kind; "
                  "create or read the object, list or report again");
         }
         return place;
@@ -80,7 +80,7 @@ private:
         free_.push_back(place);
     }
 
-    std::deque<Slot> slots_; // a deque, so that a state stays where it is when others are inserted
+    std::deque<Slot> slots_; // a deque, so that states do not move when others are inserted
     std::vector<std::size_t> free_;
 };
 

@@ -6,9 +6,10 @@
 using qvserver::destroy;
 using qvserver::fail;
 using qvserver::Failure;
-using qvserver::given;
 using qvserver::guard;
 using qvserver::List;
+using qvserver::requireText;
+using qvserver::requireVariable;
 using qvserver::Session;
 
 extern "C" {
@@ -16,8 +17,8 @@ extern "C" {
 int QV_Create_List(QV_ListHandle* list, const char* className)
 {
     return guard([=](Session& session) {
-        QV_ListHandle& created = given(list, "list handle");
-        created = session.lists().insert(List(qvserver::classNamed(given(className, "class name"))));
+        QV_ListHandle& created = requireVariable(list, "list handle");
+        created = session.lists().insert(List(qvserver::classNamed(requireText(className, "class name"))));
     });
 }
 
@@ -29,7 +30,8 @@ int QV_Destroy_List(QV_ListHandle* list)
 int QV_Set_Clause(QV_ListHandle list, const char* kind, const char* text)
 {
     return guard([=](Session& session) {
-        session.lists().at(list).addClause(given(kind, "clause kind"), given(text, "clause text"));
+        session.lists().at(list).addClause(requireText(kind, "clause kind"),
+                                           requireText(text, "clause text"));
     });
 }
 
@@ -41,7 +43,7 @@ int QV_Open_List(QV_ListHandle list)
 int QV_SizeOf_List(QV_ListHandle list, int* size)
 {
     return guard([=](Session& session) {
-        int& result = given(size, "list size");
+        int& result = requireVariable(size, "list size");
         const std::size_t rows = session.lists().at(list).rows()->size();
         if (rows > static_cast<std::size_t>(std::numeric_limits<int>::max())) {
             fail(Failure::BadArgument, "the list has ", rows,
@@ -54,7 +56,7 @@ int QV_SizeOf_List(QV_ListHandle list, int* size)
 int QV_Read_List(QV_ListHandle list, int index, QV_ObjectHandle* record)
 {
     return guard([=](Session& session) {
-        QV_ObjectHandle& result = given(record, "record handle");
+        QV_ObjectHandle& result = requireVariable(record, "record handle");
         result = session.objects().insert(session.lists().at(list).record(index));
     });
 }

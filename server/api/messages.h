@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// The message of the last failed call. Keeping it cannot fail: when there is no memory for its text, a fixed
-// text stands in.
+// The message of the last failed call. Recording it cannot fail: when there is no memory for its text, a fixed text
+// takes its place.
 #ifndef VELRZM_SERVER_API_MESSAGES_H
 #define VELRZM_SERVER_API_MESSAGES_H
 
@@ -12,9 +12,10 @@
 
 namespace qvserver {
 
+/** Code and text of the last failed call. */
 class Messages {
 public:
-    /** Keeps the message and returns the code of `failure`. */
+    /** Records the message and returns the code of `failure`. */
     int report(Failure failure, const char* text) noexcept;
 
     int size() const noexcept { return size_; }

@@ -2,10 +2,11 @@
 #include "server/api/guard.h"
 
 using qvserver::destroy;
-using qvserver::given;
 using qvserver::guard;
 using qvserver::Object;
 using qvserver::Record;
+using qvserver::requireText;
+using qvserver::requireVariable;
 using qvserver::Session;
 
 extern "C" {
@@ -13,8 +14,9 @@ extern "C" {
 int QV_Create_Object(QV_ObjectHandle* object, const char* className)
 {
     return guard([=](Session& session) {
-        QV_ObjectHandle& created = given(object, "object handle");
-        created = session.objects().insert(Object(qvserver::classNamed(given(className, "class name"))));
+        QV_ObjectHandle& created = requireVariable(object, "object handle");
+        created =
+            session.objects().insert(Object(qvserver::classNamed(requireText(className, "class name"))));
     });
 }
 
@@ -26,13 +28,15 @@ int QV_Destroy_Object(QV_ObjectHandle* object)
 int QV_Set_Object_Attr(QV_ObjectHandle object, const char* path, const char* value)
 {
     return guard([=](Session& session) {
-        session.object(object).set(given(path, "attribute path"), given(value, "attribute value"));
+        session.object(object).set(requireText(path, "attribute path"),
+                                   requireText(value, "attribute value"));
     });
 }
 
 int QV_Subscribe_Object_Attr(QV_ObjectHandle object, const char* path)
 {
-    return guard([=](Session& session) { session.object(object).subscribe(given(path, "attribute path")); });
+    return guard(
+        [=](Session& session) { session.object(object).subscribe(requireText(path, "attribute path")); });
 }
 
 int QV_Open_Object(QV_ObjectHandle object)
@@ -53,10 +57,10 @@ int QV_Delete_Object(QV_ObjectHandle object)
 int QV_Get_Object_Attr(QV_ObjectHandle object, const char* path, const char** value)
 {
     return guard([=](Session& session) {
-        const char*& text = given(value, "attribute value");
+        const char*& text = requireVariable(value, "attribute value");
         text = ""; // callers may look at it whatever the code
         const auto& state = session.objects().at(object);
-        const std::string_view wanted = given(path, "attribute path");
+        const std::string_view wanted = requireText(path, "attribute path");
         const auto* const record = std::get_if<Record>(&state);
         text = record != nullptr ? record->get(wanted) : std::get<Object>(state).get(wanted).c_str();
     });

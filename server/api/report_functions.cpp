@@ -5,10 +5,11 @@ using qvserver::destroy;
 using qvserver::ExplosionReport;
 using qvserver::fail;
 using qvserver::Failure;
-using qvserver::given;
 using qvserver::guard;
 using qvserver::inQuotes;
 using qvserver::List;
+using qvserver::requireText;
+using qvserver::requireVariable;
 using qvserver::Session;
 
 extern "C" {
@@ -16,9 +17,9 @@ extern "C" {
 int QV_Create_Report(QV_ReportHandle* report, const char* className, const char* reportName)
 {
     return guard([=](Session& session) {
-        QV_ReportHandle& created = given(report, "report handle");
-        const auto reportClass = given(className, "class name");
-        const auto name = given(reportName, "report name");
+        QV_ReportHandle& created = requireVariable(report, "report handle");
+        const auto reportClass = requireText(className, "class name");
+        const auto name = requireText(reportName, "report name");
         if (reportClass != ExplosionReport::className || name != ExplosionReport::reportName) {
             fail(Failure::BadArgument, "there is no report ", inQuotes(name), " of the class ",
                  inQuotes(reportClass), "; there is ", ExplosionReport::reportName, " of ",
@@ -36,20 +37,22 @@ int QV_Destroy_Report(QV_ReportHandle* report)
 int QV_Set_Report_Attr(QV_ReportHandle report, const char* name, const char* value)
 {
     return guard([=](Session& session) {
-        session.reports().at(report).set(given(name, "parameter name"), given(value, "parameter value"));
+        session.reports().at(report).set(requireText(name, "parameter name"),
+                                         requireText(value, "parameter value"));
     });
 }
 
 int QV_Subscribe_Report_Attr(QV_ReportHandle report, const char* path)
 {
-    return guard(
-        [=](Session& session) { session.reports().at(report).subscribe(given(path, "attribute path")); });
+    return guard([=](Session& session) {
+        session.reports().at(report).subscribe(requireText(path, "attribute path"));
+    });
 }
 
 int QV_Generate_Report(QV_ReportHandle report, QV_ListHandle* list)
 {
     return guard([=](Session& session) {
-        QV_ListHandle& result = given(list, "list handle");
+        QV_ListHandle& result = requireVariable(list, "list handle");
         result = session.lists().insert(List(session.reports().at(report).generate(session.store())));
     });
 }

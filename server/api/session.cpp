@@ -63,21 +63,21 @@ void Session::startMultiSave()
 
 void Session::commitMultiSave()
 {
-    endMultiSave("commit");
+    requireMultiSave("commit");
     const auto ended = std::move(multiSave_);
     ended->commit();
 }
 
 void Session::discardMultiSave()
 {
-    endMultiSave("discard");
+    requireMultiSave("discard");
     multiSave_.reset();
 }
 
-void Session::endMultiSave(const char* what)
+void Session::requireMultiSave(const char* action) const
 {
     if (multiSave_ == nullptr) {
-        fail(Failure::MultiSaveState, "there is no open multi-save to ", what, "; start one first");
+        fail(Failure::MultiSaveState, "there is no open multi-save to ", action, "; start one first");
     }
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// The state of the client in this process: environment, user, store, handles, multi-save.
+// The state of the client in this process.
 #ifndef VELRZM_SERVER_API_SESSION_H
 #define VELRZM_SERVER_API_SESSION_H
 
@@ -22,6 +22,10 @@ namespace qvserver {
 /** What an object handle stands for. */
 using ObjectState = std::variant<Record, Object>;
 
+/**
+ * The one session of a process: whether the environment is open, who is logged on, that user's store with its open
+ * multi-save, and everything that handles stand for.
+ */
 class Session {
 public:
     void openEnvironment() noexcept { environmentOpen_ = true; }
@@ -29,8 +33,9 @@ public:
     void closeEnvironment();
 
     void logon(const std::string& user, const std::string& password);
-    /** Drops an open multi-save and every handle. */
+    /** Discards an open multi-save and destroys every handle. */
     void logoff() noexcept;
+    /** Fails when nobody is logged on. */
     void checkLoggedOn() const;
 
     const std::string& user() const noexcept { return user_; }
@@ -45,15 +50,16 @@ public:
     HandleTable<QV_ReportHandle, ExplosionReport, 3>& reports() noexcept { return reports_; }
     TranslationTable& translations() noexcept { return translations_; }
 
-    /** The object behind a handle that may be changed; a record of a list may not. */
+    /** The object behind a handle; fails for a record of a list, which can only be read. */
     Object& object(QV_ObjectHandle handle);
 
 private:
-    void endMultiSave(const char* what);
+    /** Fails when there is no multi-save that could be ended by `action`. */
+    void requireMultiSave(const char* action) const;
 
     bool environmentOpen_ = false;
     std::string user_;
-    std::unique_ptr<Store> store_; // of the user who is logged on
+    std::unique_ptr<Store> store_; // null when nobody is logged on
     std::unique_ptr<Transaction> multiSave_;
     HandleTable<QV_ObjectHandle, ObjectState, 1> objects_;
     HandleTable<QV_ListHandle, List, 2> lists_;

@@ -3,10 +3,10 @@
 // Environment, user, multi-save and messages.
 #include "server/api/guard.h"
 
-using qvserver::given;
 using qvserver::guard;
 using qvserver::guardWithoutLogon;
 using qvserver::messages;
+using qvserver::requireText;
 using qvserver::Session;
 
 extern "C" {
@@ -24,7 +24,7 @@ int QV_Close_Env()
 int QV_Logon(const char* user, const char* password, char* /*reserved1*/, char* /*reserved2*/)
 {
     return guardWithoutLogon([=](Session& session) {
-        session.logon(std::string(given(user, "user")), std::string(given(password, "password")));
+        session.logon(std::string(requireText(user, "user")), std::string(requireText(password, "password")));
     });
 }
 

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "server/api/guard.h"
 
-using qvserver::given;
 using qvserver::guard;
+using qvserver::requireText;
+using qvserver::requireVariable;
 using qvserver::Session;
 
 extern "C" {
@@ -10,8 +11,8 @@ extern "C" {
 int QV_SizeOf_Xlat(const char* tableName, int* size)
 {
     return guard([=](Session& session) {
-        int& result = given(size, "table size");
-        const auto name = given(tableName, "table name");
+        int& result = requireVariable(size, "table size");
+        const auto name = requireText(tableName, "table name");
         result = static_cast<int>(session.translations().sizeOf(session.store(), name));
     });
 }
@@ -19,9 +20,9 @@ int QV_SizeOf_Xlat(const char* tableName, int* size)
 int QV_Read_Xlat(const char* tableName, int index, const char** from, const char** to)
 {
     return guard([=](Session& session) {
-        const char*& fromText = given(from, "from text");
-        const char*& toText = given(to, "to text");
-        const auto name = given(tableName, "table name");
+        const char*& fromText = requireVariable(from, "from text");
+        const char*& toText = requireVariable(to, "to text");
+        const auto name = requireText(tableName, "table name");
         const auto entry = session.translations().entry(session.store(), name, index);
         fromText = entry.from;
         toText = entry.to;

@@ -33,7 +33,7 @@ inline std::string_view valueOf(const Values& values, std::string_view path)
     return found == values.end() ? std::string_view() : std::string_view(found->second);
 }
 
-/** The attributes that every object has beside those of its class: both are numbers and the server's own. */
+/** The attributes that every object has beside those of its class; both are numbers that the server sets. */
 constexpr std::string_view objectIdPath = "db_object_id";
 constexpr std::string_view updateCountPath = "update_count";
 
@@ -47,7 +47,7 @@ enum class Source {
     Numbered, // from the caller, else `text` with a number that no other object has
     Counted,  // from the caller, else one more than there are objects with its value of the attribute `text`
     Follows,  // from the caller, else what the caller sets of the attribute `text`
-    // What callers set of the rest is not kept.
+    // What callers set in the following is not stored.
     OwnId,        // the object's own id
     Copy,         // the value of the attribute `text`
     RevisionSort, // what the revision number in the attribute `text` sorts by
@@ -67,10 +67,10 @@ struct Link {
     std::string_view to;
 };
 
-/** Which of the related objects a relation gives. */
+/** Which of the related objects a relation leads to. */
 enum class Related { Each, Newest };
 
-/** A name that leads in a path ("ai_obj@item_status") from an object to related ones. */
+/** The first name of a path like "ai_obj@item_status", which leads from an object to related ones. */
 struct Relation {
     std::string_view name;
     std::string_view target;
@@ -81,10 +81,10 @@ struct Relation {
 /** What becomes of the referring object when the one that it refers to is deleted. */
 enum class OnDelete { Refuse, DeleteToo };
 
-/** Whether an object may do without a reference, by leaving its attributes empty. */
+/** Whether a reference may be left empty. */
 enum class Needed { Always, IfSet };
 
-/** An object of the class `target` must exist with the linked values. */
+/** An object of the class `target` with the linked values must exist. */
 struct Reference {
     std::string_view target;
     std::vector<Link> links;
@@ -92,12 +92,13 @@ struct Reference {
     OnDelete onDelete = OnDelete::Refuse;
 };
 
-/** How the vault keeps objects of a class. Their keys are a document and its revision. */
+/** Objects that the vault keeps as versions. Their keys are a document and its revision. */
 struct Vault {
-    /** The number that tells versions of a revision apart; the keys alone mean the newest. */
+    /** The number of a version within its revision; the keys alone mean the newest version. */
     std::string_view version;
+    /** What the revisions of a document sort by. */
     std::string_view revisionSort;
-    /** The user who has the version checked out; "" when it is checked in. */
+    /** The user who has the version checked out, "" when it is checked in. */
     std::string_view holder;
 };
 

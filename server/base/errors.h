@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// The kinds of failure of the local server. Their numbers are part of its interface: they never change, and a
-// number that is no longer used is not given to another kind.
+// The kinds of failure of the local server. Their numbers are part of its interface: they never change, and the number
+// of a kind that is dropped is not used again.
 #ifndef VELRZM_SERVER_BASE_ERRORS_H
 #define VELRZM_SERVER_BASE_ERRORS_H
 
@@ -51,7 +51,7 @@ enum class Failure : int {
     UserAdministration = -307, // a user that is unknown or already there, an unusable name or password
 };
 
-/** A failure on its way to the caller: its kind and what is wrong with which value. */
+/** A failure on its way to the caller: its kind, and a text that says what is wrong with which value. */
 class ServerError : public std::runtime_error {
 public:
     ServerError(Failure failure, const std::string& text) : std::runtime_error(text), failure_(failure) {}
@@ -61,7 +61,7 @@ private:
     Failure failure_;
 };
 
-/** Fails with a text that is put together from `pieces`. */
+/** Fails with the text that `pieces` make up. */
 template <typename... Pieces>
 [[noreturn]] void fail(Failure failure, const Pieces&... pieces)
 {
@@ -70,13 +70,13 @@ template <typename... Pieces>
     throw ServerError(failure, text.str());
 }
 
-/** What the system says of an error number. */
+/** The system's text for an error number. */
 inline std::string systemReason(int error)
 {
     return std::error_code(error, std::generic_category()).message();
 }
 
-/** A value as messages show it: in quotes, a long one cut. */
+/** A value as messages show it: in quotes, cut when it is long. */
 inline std::string inQuotes(std::string_view value)
 {
     constexpr std::size_t limit = 100;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// Texts as the server understands them: blank-padded values, attribute paths, numbers.
+// Texts: blank-padded values, attribute paths, numbers, lists.
 #ifndef VELRZM_SERVER_BASE_TEXT_H
 #define VELRZM_SERVER_BASE_TEXT_H
 
@@ -16,17 +16,17 @@
 
 namespace qvserver {
 
-/** The longest attribute path in characters. */
+/** The length of the longest attribute path, in characters. */
 constexpr std::size_t maxPathLength = 255;
 
-/** `value` without the blanks at its end, which never count. */
+/** `value` without the blanks at its end, which never matter. */
 inline std::string_view withoutTrailingBlanks(std::string_view value) noexcept
 {
     const auto last = value.find_last_not_of(' ');
     return value.substr(0, last == std::string_view::npos ? 0 : last + 1);
 }
 
-/** Whether two values are the same text, blank-padded. */
+/** Whether two values are equal when padded with blanks. */
 inline bool sameText(std::string_view left, std::string_view right) noexcept
 {
     return withoutTrailingBlanks(left) == withoutTrailingBlanks(right);
@@ -86,7 +86,7 @@ inline bool isPath(std::string_view path) noexcept
 
 using ParsedNumber = std::variant<std::int64_t, double>;
 
-/** The number that `text` writes in decimal, blanks around it aside; none when it is something else. */
+/** The decimal number in `text`, with blanks around it or not; none when it is something else. */
 inline std::optional<ParsedNumber> parseNumber(std::string_view text) noexcept
 {
     text = withoutTrailingBlanks(text);
@@ -94,7 +94,7 @@ inline std::optional<ParsedNumber> parseNumber(std::string_view text) noexcept
                                                                              : text.find_first_not_of(' '));
     const char* const end = text.data() + text.size();
     if (text.empty() || !(isDigit(text.back()) && (isDigit(text.front()) || text.front() == '-'))) {
-        return std::nullopt; // also what from_chars takes beside decimal numbers: inf, nan
+        return std::nullopt; // from_chars accepts inf and nan as well
     }
     std::int64_t whole = 0;
     if (const auto parsed = std::from_chars(text.data(), end, whole);

@@ -35,9 +35,9 @@ Values selected(const Values& values, Accept accept)
 
 } // namespace
 
-Values storable(const Class& objectClass, const Values& given)
+Values storable(const Class& objectClass, const Values& set)
 {
-    Values values = selected(given, [&](std::string_view path) {
+    Values values = selected(set, [&](std::string_view path) {
         const Attribute* attribute = objectClass.attribute(path);
         const bool isPlain = path != objectIdPath && path != updateCountPath &&
                              (!objectClass.companion || path != objectClass.companion->path);

@@ -116,4 +116,11 @@ std::string keysOf(const Class& objectClass, const Values& values)
                   [&](std::string_view key) { return pathWithValue(key, valueOf(values, key)); });
 }
 
+void failDeleted(const Class& objectClass, std::int64_t id)
+{
+    fail(Failure::ChangedByOther, "the ", objectClass.name, " with ",
+         pathWithValue(objectIdPath, std::to_string(id)),
+         " was deleted since it was opened; nothing was stored");
+}
+
 } // namespace qvserver

@@ -21,6 +21,9 @@ std::int64_t objectToDelete(Store& store, const Class& objectClass, const Values
 /** The keys among `values` as messages show them: path='value', ... */
 std::string keysOf(const Class& objectClass, const Values& values);
 
+/** Fails because an opened object was deleted. */
+[[noreturn]] void failDeleted(const Class& objectClass, std::int64_t id);
+
 } // namespace qvserver
 
 #endif

@@ -36,7 +36,7 @@ const char* Record::get(std::string_view path) const
 void List::addClause(std::string_view kind, std::string_view text)
 {
     if (query_.objectClass == nullptr) {
-        fail(Failure::BadArgument, "the rows of a report take no clauses; set the report's attributes");
+        fail(Failure::BadArgument, "the rows of a report take no clauses; set attributes of the report");
     }
     if (kind == "Where") {
         query_.where.push_back(parseClause(text));
@@ -48,15 +48,14 @@ void List::addClause(std::string_view kind, std::string_view text)
             query_.select.push_back(std::move(path));
         }
     } else {
-        fail(Failure::BadArgument, "there is no clause of the kind ", inQuotes(kind),
-             "; there are Select, Where, OrderBy");
+        fail(Failure::BadArgument, inQuotes(kind), " is not a kind of clause; use Select, Where or OrderBy");
     }
 }
 
 void List::open(Store& store)
 {
     if (query_.objectClass == nullptr) {
-        fail(Failure::BadArgument, "the rows of a report are open already");
+        fail(Failure::BadArgument, "the rows of a report are already open");
     }
     rows_ = store.select(query_);
 }
@@ -74,7 +73,7 @@ Record List::record(int index) const
     const auto& found = rows();
     if (index < 0 || static_cast<std::size_t>(index) >= found->size()) {
         fail(Failure::BadArgument, "there is no record ", index, " in a list of ", found->size(),
-             "; records count from 0");
+             "; records are numbered from 0");
     }
     return {found, static_cast<std::size_t>(index)};
 }

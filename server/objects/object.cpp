@@ -37,7 +37,7 @@ void Object::set(std::string_view path, std::string_view value)
         fail(Failure::BadPath, path, " is an attribute of the related ", relation->target,
              "; set it on that object");
     }
-    given_.insert_or_assign(std::string(path), std::string(value));
+    attributes_.insert_or_assign(std::string(path), std::string(value));
     changes_.insert_or_assign(std::string(path), std::string(value));
 }
 
@@ -57,20 +57,20 @@ const std::string& Object::get(std::string_view path) const
         }
     }
     fail(Failure::NotLoaded, "the attribute ", inQuotes(path), " of this ", class_->name,
-         " was not loaded; subscribe it before the open or save");
+         " was not loaded; subscribe to it before the open or save");
 }
 
 void Object::open(Store& store)
 {
     Transaction transaction(store, Access::Read);
-    load(store, objectToOpen(store, *class_, given_));
+    load(store, objectToOpen(store, *class_, attributes_));
     transaction.commit();
 }
 
 template <typename Work>
-void Object::become(Store& store, Work work)
+void Object::storeAndLoad(Store& store, Work work)
 {
-    Object next = *this; // takes this one's place when all is stored
+    Object next = *this; // replaces this one when everything is stored
     Transaction transaction(store, Access::Write);
     next.load(store, work());
     transaction.commit();
@@ -79,16 +79,16 @@ void Object::become(Store& store, Work work)
 
 void Object::save(Store& store)
 {
-    become(store, [&] { return stored_ ? change(store) : create(store); });
+    storeAndLoad(store, [&] { return stored_ ? change(store) : create(store); });
 }
 
 std::int64_t Object::create(Store& store) const
 {
-    if (const auto id = valueOf(given_, objectIdPath); !withoutTrailingBlanks(id).empty()) {
+    if (const auto id = valueOf(attributes_, objectIdPath); !withoutTrailingBlanks(id).empty()) {
         fail(Failure::BadArgument, pathWithValue(objectIdPath, id), " is set on a new ", class_->name,
-             "; open the object to change it, or leave the id empty to create one");
+             "; open the object to change it, or leave the id empty to create a new one");
     }
-    return insert(store, storable(*class_, given_));
+    return insert(store, storable(*class_, attributes_));
 }
 
 std::int64_t Object::insert(Store& store, Values values) const
@@ -105,7 +105,7 @@ std::int64_t Object::insert(Store& store, Values values) const
     }
     checkNoCycle(store, *class_, values);
     refreshFlags(store, *class_, values);
-    createCompanion(store, *class_, given_, values);
+    createCompanion(store, *class_, attributes_, values);
     return id;
 }
 
@@ -117,8 +117,7 @@ Values Object::unchangedSince(Store& store) const
     }
     const auto rows = store.select(query);
     if (rows->empty()) {
-        fail(Failure::ChangedByOther, "the ", class_->name, " with db_object_id '", stored_->id,
-             "' was deleted since it was opened; nothing was stored");
+        failDeleted(*class_, stored_->id);
     }
     if (integerAt(*rows, 0, 0) != stored_->updateCount) {
         fail(Failure::ChangedByOther, "the ", class_->name, " with db_object_id '", stored_->id,
@@ -147,7 +146,7 @@ std::int64_t Object::change(Store& store) const
     const Values before = unchangedSince(store);
     Values changed = storable(*class_, changes_);
     Values after = changed;
-    after.insert(before.begin(), before.end()); // what is changed stays
+    after.insert(before.begin(), before.end()); // keeps what is changed
     fillDerived(*class_, after, changed);
     checkReferences(store, *class_, after);
     if (!store.update(*class_, stored_->id, changed, Count::Save)) {
@@ -165,7 +164,7 @@ void Object::remove(Store& store)
 {
     Transaction transaction(store, Access::Write);
     Object removed = *this;
-    Values wanted = stored_ ? changes_ : given_;
+    Values wanted = stored_ ? changes_ : attributes_;
     if (stored_) {
         wanted.insert_or_assign(std::string(objectIdPath), std::to_string(stored_->id));
     }
@@ -203,7 +202,7 @@ std::int64_t Object::versionId() const
 {
     checkVaulted(*class_);
     if (!stored_) {
-        fail(Failure::NotOpen, "the ", class_->name, " was not opened; open it before the vault call");
+        fail(Failure::NotOpen, "the ", class_->name, " was not opened; open it before this call");
     }
     return stored_->id;
 }
@@ -213,38 +212,38 @@ void Object::createAndCheckIn(Store& store)
     checkVaulted(*class_);
     if (stored_) {
         fail(Failure::AlreadyStored, "the ", class_->name, " is stored already, with db_object_id '",
-             stored_->id, "'; check it out and in for another version, or create a new object");
+             stored_->id, "'; check it out and in to make another version, or create a new object");
     }
     save(store);
 }
 
 void Object::checkOut(Store& store, const std::string& user)
 {
-    become(store, [&] {
-        takeOut(store, *class_, versionId(), user);
+    storeAndLoad(store, [&] {
+        checkOutVersion(store, *class_, versionId(), user);
         return storeChanges(store);
     });
 }
 
 void Object::checkIn(Store& store, const std::string& user)
 {
-    become(store, [&] {
-        giveBack(store, *class_, versionId(), user);
+    storeAndLoad(store, [&] {
+        endCheckOut(store, *class_, versionId(), user);
         if (!changes_.empty()) {
             checkSameId();
             unchangedSince(store);
         }
         return insert(store, nextVersion(store, *class_, versionId(), storable(*class_, changes_)));
     });
-    if (const auto id = given_.find(objectIdPath); id != given_.end() && !id->second.empty()) {
+    if (const auto id = attributes_.find(objectIdPath); id != attributes_.end() && !id->second.empty()) {
         id->second = std::to_string(stored_->id); // it was that of the version before
     }
 }
 
 void Object::cancelCheckOut(Store& store, const std::string& user)
 {
-    become(store, [&] {
-        giveBack(store, *class_, versionId(), user);
+    storeAndLoad(store, [&] {
+        endCheckOut(store, *class_, versionId(), user);
         return storeChanges(store);
     });
 }
@@ -253,7 +252,7 @@ Object Object::makeRevision(Store& store)
 {
     Object revision(*class_);
     revision.subscribed_ = subscribed_;
-    become(store, [&] {
+    storeAndLoad(store, [&] {
         checkNotHeld(store, *class_, versionId());
         const std::int64_t base = storeChanges(store);
         revision.load(store, insert(store, nextRevision(store, *class_, base)));
@@ -273,7 +272,7 @@ void Object::setCheckInDefaults(Store& store)
 
 void Object::setCheckOutDefaults() const
 {
-    static_cast<void>(versionId()); // a check-out has no attributes of its own that could be filled
+    static_cast<void>(versionId());
 }
 
 } // namespace qvserver

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// What stands behind an object handle: the attributes that were set, the stored object that it was opened as,
-// the attributes that were loaded.
+// Objects as callers work with them.
 #ifndef VELRZM_SERVER_OBJECTS_OBJECT_H
 #define VELRZM_SERVER_OBJECTS_OBJECT_H
 
@@ -16,64 +15,73 @@
 
 namespace qvserver {
 
+/**
+ * What an object handle stands for: the attributes that the caller set and those that were loaded, and the stored object
+ * that it was opened or saved as, if it was. A call that fails leaves it as it was.
+ */
 class Object {
 public:
     explicit Object(const Class& objectClass) : class_(&objectClass) {}
 
-    /** Sets an attribute: before an open what to look for, after it what to change, without one what to
-     * create. */
+    /** Sets an attribute: what to look for when an open follows, else what to store. */
     void set(std::string_view path, std::string_view value);
-    /** Asks that opens and saves load the attribute. */
+    /** Has the attribute loaded by every open and save. */
     void subscribe(std::string_view path);
-    /** The value that was set last or loaded; fails when there is neither. */
+    /** The value that was set or loaded last; fails when there is none. */
     const std::string& get(std::string_view path) const;
 
+    /** Finds the stored object by the attributes that are set, and loads the subscribed ones. */
     void open(Store& store);
-    /** Changes the stored object if this one was opened or saved, else creates one. */
+    /** Changes the stored object if this one was opened or saved before, else creates one. */
     void save(Store& store);
+    /** Deletes the stored object: the opened one, else the one that the attributes identify. */
     void remove(Store& store);
 
-    // What the vault does with an opened version of a document. Each call stores what was set on this object
-    // as well, in the version that it stands for afterwards, and loads what is subscribed.
+    // Calls of the vault, on an opened version of a document. Each one also stores what was set on this object, in
+    // the version that it stands for afterwards, and loads the subscribed attributes.
     /** Stores a new document, whose first version is checked in. */
     void createAndCheckIn(Store& store);
+    /** Checks the version out to `user`. */
     void checkOut(Store& store, const std::string& user);
-    /** Stores the next version, for which this object then stands. */
+    /** Ends the check-out and stores the next version, which this object then stands for. */
     void checkIn(Store& store, const std::string& user);
+    /** Ends the check-out without another version. */
     void cancelCheckOut(Store& store, const std::string& user);
-    /** Stores the next revision of the document, a copy of this one, and gives it. */
+    /** Stores the next revision of the document as a copy of this one, and returns it. */
     Object makeRevision(Store& store);
-    /** Sets what a check-in would change unless it is set already. */
+    /** Sets the attributes that a check-in fills in, unless they are set already. */
     void setCheckInDefaults(Store& store);
+    /** Does nothing but check the handle: a check-out has no attributes to fill in. */
     void setCheckOutDefaults() const;
 
 private:
-    /** The stored object, and how often it had been saved when it was last seen. */
+    /** The stored object, and how often it had been saved when it was loaded. */
     struct Stored {
         std::int64_t id;
         std::int64_t updateCount;
     };
 
-    /** Does `work` in one transaction, then stands for the object whose id that gives. */
+    /** Runs `work` in one transaction and loads the object whose id it returns, which this one then stands for. */
     template <typename Work>
-    void become(Store& store, Work work);
+    void storeAndLoad(Store& store, Work work);
     std::int64_t create(Store& store) const;
     std::int64_t insert(Store& store, Values values) const;
     std::int64_t change(Store& store) const;
-    /** As `change`, if there is any. */
+    /** Like `change`, unless nothing was set. */
     std::int64_t storeChanges(Store& store) const { return changes_.empty() ? versionId() : change(store); }
-    /** The id of the opened version; fails when this is none. */
+    /** The id of the opened version; fails when none was opened. */
     std::int64_t versionId() const;
-    /** Fails when another object than the opened one is meant. */
+    /** Fails when the db_object_id that was set is not that of the opened object. */
     void checkSameId() const;
-    /** The declared values of the stored object; fails when another user changed or deleted it meanwhile. */
+    /** The values of the stored object in the attributes of its class; fails when another user has changed or deleted it
+     * since it was loaded. */
     Values unchangedSince(Store& store) const;
-    /** Loads what is subscribed and takes note of the object's state. */
+    /** Loads the subscribed attributes; from then on this object stands for the stored one. */
     void load(Store& store, std::int64_t id);
 
     const Class* class_;
-    Values given_;   // everything set since the handle was made
-    Values changes_; // what was set since the last open or save
+    Values attributes_; // everything that was set since the handle was created
+    Values changes_;    // what was set since the last open or save
     Values loaded_;
     std::vector<std::string> subscribed_;
     std::optional<Stored> stored_;

@@ -56,8 +56,8 @@ void checkReferences(Store& store, const Class& objectClass, const Values& value
             });
         if ((refers || reference.needed == Needed::Always) &&
             !exists(store, targetsOf(reference, &Link::from, values))) {
-            fail(Failure::ReferenceMissing, "the ", objectClass.name, " refers to the ", reference.target,
-                 " that is not stored: ", describe(reference, &Link::from, values), "; create that first");
+            fail(Failure::ReferenceMissing, "the ", objectClass.name, " refers to ", reference.target, " ",
+                 describe(reference, &Link::from, values), ", which is not stored; create it first");
         }
     }
 }
@@ -68,8 +68,8 @@ void checkNotReferred(Store& store, const Class& objectClass, const Values& oldV
         if (!exists(store, targetsOf(reference, &Link::to, oldValues)) &&
             exists(store, linked(referring, reference, &Link::from, &Link::to, oldValues))) {
             fail(Failure::StillReferred, "the ", objectClass.name, " with ",
-                 describe(reference, &Link::to, oldValues), " must stay as it is: the ", referring.name,
-                 " refers to it; delete that first");
+                 describe(reference, &Link::to, oldValues), " is still referred to by the ", referring.name,
+                 "; delete it first");
         }
     });
 }

@@ -13,8 +13,8 @@
 
 namespace qvserver {
 
-/** A text that sorts, byte by byte, as the revision number does; different for different numbers. Fails when
- * it would be longer than a value may be. */
+/** A text that sorts, byte by byte, as the revision number does, and is different for different numbers. Fails when it
+ * would be longer than a value may be. */
 std::string revisionSortValue(std::string_view number);
 
 /**

@@ -28,7 +28,7 @@ TranslationTable::Entry TranslationTable::entry(Store& store, std::string_view n
     const auto row = static_cast<std::size_t>(index);
     if (index < 0 || row >= entries_->size()) {
         fail(Failure::BadArgument, "there is no entry ", index, " in the translation table ", inQuotes(name_),
-             " of ", entries_->size(), "; entries count from 0");
+             " of ", entries_->size(), "; entries are numbered from 0");
     }
     return {entries_->value(row, 0), entries_->value(row, 1)};
 }

@@ -14,7 +14,7 @@
 
 namespace qvserver {
 
-/** The entries of one table, as they were when its size was last asked for. */
+/** The entries of one table, as they were when its size was asked for last. */
 class TranslationTable {
 public:
     struct Entry {
@@ -22,9 +22,9 @@ public:
         const char* to;
     };
 
-    /** Reads the table and tells its number of entries; fails when there is no such table. */
+    /** Reads the table and returns its number of entries; fails when there is no such table. */
     std::size_t sizeOf(Store& store, std::string_view name);
-    /** Entry `index` of the table, which is read first if another one was read last. */
+    /** Entry `index`, counted from 0, of the table, which is read unless it was the one read last. */
     Entry entry(Store& store, std::string_view name, int index);
 
 private:

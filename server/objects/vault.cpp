@@ -18,13 +18,12 @@ Values valuesOf(Store& store, const Class& objectClass, std::int64_t id)
 {
     Values values = store.values(objectClass, id);
     if (values.empty()) {
-        fail(Failure::ChangedByOther, "the ", objectClass.name, " with db_object_id '", id,
-             "' was deleted since it was opened; nothing was stored");
+        failDeleted(objectClass, id);
     }
     return values;
 }
 
-/** A version as messages show it. */
+/** How messages name a version. */
 std::string describe(const Class& objectClass, const Values& values)
 {
     const std::string_view versionPath = objectClass.vault->version;
@@ -58,7 +57,7 @@ std::shared_ptr<const Rows> inOrder(Store& store, const Class& objectClass, cons
 void checkVaulted(const Class& objectClass)
 {
     if (!objectClass.vault) {
-        fail(Failure::BadArgument, "the vault keeps no objects of the class ", objectClass.name,
+        fail(Failure::BadArgument, "the vault does not keep objects of the class ", objectClass.name,
              "; create a ", classes::document, " for this call");
     }
 }
@@ -68,17 +67,17 @@ void checkNotHeld(Store& store, const Class& objectClass, std::int64_t id)
     const Values values = valuesOf(store, objectClass, id);
     if (const auto holder = holderOf(objectClass, values); !holder.empty()) {
         fail(Failure::VaultState, describe(objectClass, values), " is checked out by ", inQuotes(holder),
-             "; it has to be checked in, or the check-out canceled, first");
+             "; check it in or cancel the check-out first");
     }
 }
 
-void takeOut(Store& store, const Class& objectClass, std::int64_t id, const std::string& user)
+void checkOutVersion(Store& store, const Class& objectClass, std::int64_t id, const std::string& user)
 {
     checkNotHeld(store, objectClass, id);
     setHolder(store, objectClass, id, user);
 }
 
-void giveBack(Store& store, const Class& objectClass, std::int64_t id, const std::string& user)
+void endCheckOut(Store& store, const Class& objectClass, std::int64_t id, const std::string& user)
 {
     const Values values = valuesOf(store, objectClass, id);
     const auto holder = holderOf(objectClass, values);
@@ -100,7 +99,7 @@ Values nextVersion(Store& store, const Class& objectClass, std::int64_t id, cons
         const auto set = changed.find(key);
         if (set != changed.end() && !sameText(set->second, valueOf(base, key))) {
             fail(Failure::KeyMismatch, describe(objectClass, base), " is checked in with ",
-                 pathWithValue(key, set->second), "; a version stays within its revision");
+                 pathWithValue(key, set->second), "; a version cannot leave its revision");
         }
     }
     Values next = changed;

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// The vault: who holds a version of a document, and which version or revision comes next. Everything here
-// runs inside the transaction of a vault call. A version is held by nobody, then it is checked in, or by one
-// user, who checked it out. Each version is held apart from the others, so that an old one can be taken up
-// again; what is checked in from it becomes the newest version.
+// The vault: who holds a version of a document, and which version or revision comes next. Everything here runs
+// inside the transaction of a vault call. A version is checked in, or checked out to one user, its holder. Each version
+// is checked out by itself, so that an old one can be taken up again; what is checked in from it becomes the newest
+// version.
 #ifndef VELRZM_SERVER_OBJECTS_VAULT_H
 #define VELRZM_SERVER_OBJECTS_VAULT_H
 
@@ -17,24 +17,22 @@ namespace qvserver {
 /** Fails unless the vault keeps objects of this class. */
 void checkVaulted(const Class& objectClass);
 
-/** Fails when somebody holds the version `id`. */
+/** Fails when the version `id` is checked out. */
 void checkNotHeld(Store& store, const Class& objectClass, std::int64_t id);
 
-/** Checks the version `id` out to `user`; refused when somebody holds it. */
-void takeOut(Store& store, const Class& objectClass, std::int64_t id, const std::string& user);
+/** Checks the version `id` out to `user`; fails when it is checked out already. */
+void checkOutVersion(Store& store, const Class& objectClass, std::int64_t id, const std::string& user);
 
-/** Ends the check-out of the version `id`; refused when `user` does not hold it. */
-void giveBack(Store& store, const Class& objectClass, std::int64_t id, const std::string& user);
+/** Ends the check-out of the version `id`; fails unless `user` is the holder. */
+void endCheckOut(Store& store, const Class& objectClass, std::int64_t id, const std::string& user);
 
-/** The values of the next version of a revision, which takes over those of the version `id` and what was
- * `changed`. */
+/** The values of the next version of a revision: those of the version `id`, and what was `changed`. */
 Values nextVersion(Store& store, const Class& objectClass, std::int64_t id, const Values& changed);
 
-/** The values of the first version of the document's next revision, which takes over those of the version
- * `id`. */
+/** The values of the first version of the document's next revision: those of the version `id`. */
 Values nextRevision(Store& store, const Class& objectClass, std::int64_t id);
 
-/** What a check-in of the version `id` has to give for it to change nothing. */
+/** The attributes with which a check-in of the version `id` keeps what it inherits. */
 Values checkInDefaults(Store& store, const Class& objectClass, std::int64_t id);
 
 } // namespace qvserver

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// The online backup of SQLite, page by page. VACUUM INTO would write a smaller file, but it says nothing
-// until it is done, and a person wants to see how far the copy of a large store has come and to stop it.
+// SQLite's online backup, page by page. VACUUM INTO would write a smaller file, but does not report its progress and
+// cannot be stopped, which people want with large stores.
 #include "server/sqlite/copy.h"
 
 #include <memory>
@@ -14,7 +14,7 @@ namespace {
 
 constexpr int pagesAtOnce = 256;
 
-/** A read transaction. It keeps the copy to one state: without it, a commit of others starts it over again. */
+/** A read transaction, which holds the copy to one state: without it, every commit of others would restart it. */
 class Snapshot {
 public:
     explicit Snapshot(SqliteDatabase& database) : database_(database)
@@ -41,7 +41,7 @@ void copyDatabase(SqliteDatabase& database, const std::string& path, const CopyP
     const auto pageSize = static_cast<std::uintmax_t>(database.numberOf("page_size"));
     const Snapshot snapshot(database);
     SqliteDatabase copy(path);
-    copy.run("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF"); // a copy that fails is thrown away
+    copy.run("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF"); // a failed copy is discarded
     Backup backup(sqlite3_backup_init(copy.handle(), "main", database.handle(), "main"));
     if (backup == nullptr) {
         failWithCode(sqlite3_errcode(copy.handle()), "", sqlite3_errmsg(copy.handle()));
@@ -55,7 +55,7 @@ void copyDatabase(SqliteDatabase& database, const std::string& path, const CopyP
             return;
         }
     }
-    backup.reset(); // only now does the copy know what failed
+    backup.reset(); // sets the error of the connection
     const int error = sqlite3_system_errno(copy.handle());
     failWithCode(code, "", error != 0 ? systemReason(error) : sqlite3_errmsg(copy.handle()));
 }

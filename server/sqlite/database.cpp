@@ -67,7 +67,7 @@ void SqliteDatabase::addFunctions()
     add(numberFunction, 1, numberOfSqlite);
 }
 
-SqliteDatabase::Use SqliteDatabase::use(const Sql& sql)
+SqliteDatabase::StatementInUse SqliteDatabase::use(const Sql& sql)
 {
     SqliteStatement& statement = prepared(sql.text);
     int index = 0;
@@ -75,7 +75,7 @@ SqliteDatabase::Use SqliteDatabase::use(const Sql& sql)
         ++index;
         std::visit([&](const auto& value) { statement.bind(index, value); }, parameter);
     }
-    return Use(*this, statement);
+    return StatementInUse(*this, statement);
 }
 
 SqliteStatement& SqliteDatabase::prepared(std::string_view text)
@@ -86,7 +86,7 @@ SqliteStatement& SqliteDatabase::prepared(std::string_view text)
         return known->second;
     }
     if (statements_.size() >= maxStatements && inUse_ == 0) {
-        statements_.clear(); // texts that come and go; those in steady use are soon back
+        statements_.clear(); // most have changing texts; those in steady use are soon prepared again
     }
     SqliteStatement statement(handle(), key);
     return statements_.emplace(std::move(key), std::move(statement)).first->second;

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// A connection to an SQLite database: its settings, the functions that our SQL calls, the statements kept
-// prepared.
+// Connections to SQLite databases.
 #ifndef VELRZM_SERVER_SQLITE_DATABASE_H
 #define VELRZM_SERVER_SQLITE_DATABASE_H
 
@@ -19,26 +18,27 @@
 
 namespace qvserver {
 
+/** A connection with its settings, the functions that our SQL calls, and the statements that are kept prepared. */
 class SqliteDatabase {
 public:
-    /** Opens the database at `path`, ":memory:" included; the file must exist. */
+    /** Opens the database in the existing file at `path`, or a new one in memory for ":memory:". */
     explicit SqliteDatabase(const std::string& path);
 
-    /** A statement in use: reset and ready for others at the end. */
-    class Use {
+    /** A statement while it is used; it is reset at the end. */
+    class StatementInUse {
     public:
-        Use(SqliteDatabase& database, SqliteStatement& statement) noexcept
+        StatementInUse(SqliteDatabase& database, SqliteStatement& statement) noexcept
             : database_(database), statement_(statement)
         {
             ++database_.inUse_;
         }
-        ~Use()
+        ~StatementInUse()
         {
             statement_.reset();
             --database_.inUse_;
         }
-        Use(const Use&) = delete;
-        Use& operator=(const Use&) = delete;
+        StatementInUse(const StatementInUse&) = delete;
+        StatementInUse& operator=(const StatementInUse&) = delete;
         SqliteStatement* operator->() noexcept { return &statement_; }
         SqliteStatement& operator*() noexcept { return statement_; }
 
@@ -47,30 +47,31 @@ public:
         SqliteStatement& statement_;
     };
 
-    /** The statement of that text, prepared at its first use, with `parameters` bound; they must outlive the
+    /** The statement with that text, prepared when it is first used, with `parameters` bound; they must outlive the
      * use. */
     template <typename... Parameters>
-    Use use(std::string_view text, const Parameters&... parameters)
+    StatementInUse use(std::string_view text, const Parameters&... parameters)
     {
         SqliteStatement& statement = prepared(text);
         int index = 0;
         (statement.bind(++index, parameters), ...);
         static_cast<void>(index);
-        return Use(*this, statement);
+        return StatementInUse(*this, statement);
     }
-    Use use(const Sql& sql);
+    StatementInUse use(const Sql& sql);
 
-    /** Runs statements that take and give no values. */
+    /** Runs statements without parameters and results. */
     void run(const char* text);
-    /** As `run`, without a word when it fails. */
+    /** Like `run`, but ignores a failure. */
     void tryRun(const char* text) noexcept { sqlite3_exec(handle(), text, nullptr, nullptr, nullptr); }
+    /** The value of a pragma that is a number. */
     std::int64_t numberOf(std::string_view pragma) const;
 
-    /** Whether a transaction is open; SQLite ends one by itself after some failures. */
+    /** Whether a transaction is open; SQLite itself rolls back after some failures. */
     bool inTransaction() const noexcept { return sqlite3_get_autocommit(handle()) == 0; }
     bool isReadOnly() const noexcept { return sqlite3_db_readonly(handle(), nullptr) == 1; }
 
-    /** For the calls of SQLite that take a connection. */
+    /** The connection for SQLite's own functions. */
     sqlite3* handle() const noexcept { return handle_.get(); }
 
 private:
@@ -81,7 +82,8 @@ private:
         void operator()(sqlite3* database) const noexcept { sqlite3_close_v2(database); }
     };
     std::unique_ptr<sqlite3, Close> handle_;
-    std::unordered_map<std::string, SqliteStatement> statements_; // by text; closed before the connection
+    std::unordered_map<std::string, SqliteStatement>
+        statements_; // by their texts; finalized before the connection is closed
     std::size_t inUse_ = 0;
 };
 

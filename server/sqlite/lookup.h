@@ -57,7 +57,7 @@ private:
     std::string path_;
     std::string table_;
     Sql sql_;
-    SqliteDatabase::Use statement_;
+    SqliteDatabase::StatementInUse statement_;
     std::optional<std::size_t> mostObjects_; // that can be stored, once it is known
     std::vector<bool> stored_; // set for the values that are stored; empty when they were not read
     std::pmr::vector<Question> questions_{&largePages()};

@@ -11,7 +11,7 @@ namespace qvserver {
 
 namespace {
 
-constexpr std::int64_t applicationId = 0x51564C53; // "QVLS", in the head of the file
+constexpr std::int64_t applicationId = 0x51564C53; // "QVLS", in the header of the file
 constexpr std::int64_t schemaVersion = 1;
 
 const char* const commonTables =
@@ -38,7 +38,7 @@ std::string tableOf(const Class& described)
            ");";
 }
 
-/** Indexes for the columns that joins and checks of references look in, unless the key begins with them. */
+/** Indexes for the columns that joins and checks of references search, unless the key begins with them. */
 std::string furtherIndexes()
 {
     std::set<std::pair<std::string_view, std::string_view>> columns;
@@ -95,7 +95,7 @@ void checkSchema(const SqliteDatabase& database, const std::string& path)
     if (version < schemaVersion) {
         fail(Failure::StoreVersion, "the store ", path, " has version ", version,
              ", this program needs version ", schemaVersion,
-             "; it was not made completely, remove it and run: velrzm init");
+             "; it was not created completely; remove it and run: velrzm init");
     }
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// A prepared SQLite statement that belongs to its owner.
+// Prepared SQLite statements.
 #ifndef VELRZM_SERVER_SQLITE_STATEMENT_H
 #define VELRZM_SERVER_SQLITE_STATEMENT_H
 
@@ -21,6 +21,7 @@
 
 namespace qvserver {
 
+/** A prepared statement, finalized at its end. */
 class SqliteStatement {
 public:
     SqliteStatement(sqlite3* database, const std::string& text)
@@ -32,7 +33,7 @@ public:
         check(code == SQLITE_OK, database, code);
     }
 
-    /** Binds parameter `index`, counted from 1. The value must live until the statement is reset. */
+    /** Binds parameter `index`, counted from 1. A text must stay valid until the statement is reset. */
     void bind(int index, std::int64_t value)
     {
         checkBind(sqlite3_bind_int64(statement_.get(), index, value));
@@ -45,14 +46,14 @@ public:
             sqlite3_bind_text64(statement_.get(), index, text, value.size(), SQLITE_STATIC, SQLITE_UTF8));
     }
 
-    /** Goes on to the next row; false when there is none. */
+    /** Steps to the next row; false when there is none. */
     bool step()
     {
         const int code = sqlite3_step(statement_.get());
         check(code == SQLITE_ROW || code == SQLITE_DONE, sqlite3_db_handle(statement_.get()), code);
         return code == SQLITE_ROW;
     }
-    /** As a step of a statement without rows, but false when a unique index refuses it. */
+    /** Runs a statement without rows; false when a unique index refuses it. */
     bool stepUnique()
     {
         const int code = sqlite3_step(statement_.get());
@@ -62,7 +63,7 @@ public:
     }
 
     std::int64_t integer(int column) const { return sqlite3_column_int64(statement_.get(), column); }
-    /** The text of a column of the row, "" for NULL; valid until the next step. */
+    /** The text of a column of the current row, "" for NULL; valid until the next step. */
     std::string_view text(int column) const
     {
         const void* const bytes = sqlite3_column_text(statement_.get(), column);
@@ -71,7 +72,7 @@ public:
                                 : std::string_view(static_cast<const char*>(bytes), size);
     }
 
-    /** Appends a row with the texts of the first columns, as many as `rows` has. */
+    /** Appends the texts of the first columns of the current row, as many as `rows` has. */
     void appendTo(Rows& rows) const
     {
         rows.beginRow();
@@ -80,7 +81,7 @@ public:
         }
     }
 
-    /** Makes the statement ready to run again with its values. */
+    /** Makes the statement ready to run again with the same values. */
     void rewind() noexcept { sqlite3_reset(statement_.get()); }
     void reset() noexcept
     {

@@ -20,19 +20,19 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/** Fails because of what stands in the way of a new store. */
+/** Fails with the reason why there cannot be a new store at `path`. */
 [[noreturn]] void failToMake(const std::string& path, const std::error_code& error)
 {
     if (error == std::errc::file_exists) {
-        fail(Failure::StoreExists, "nothing was made: there is already something at ", path,
-             "; if it is a store, use it as it is, and if you do not need it, remove it; or choose another "
-             "path, with --store or in QV_STORE");
+        fail(Failure::StoreExists, "nothing was created: there is already something at ", path,
+             "; if it is a store, use it as it is; if you do not need it, remove it; or choose another path, "
+             "with --store or in QV_STORE");
     }
-    fail(Failure::StoreFailure, "cannot make a store at ", path, ": ", error.message(),
+    fail(Failure::StoreFailure, "cannot create a store at ", path, ": ", error.message(),
          "; choose a path that you may write, with --store or in QV_STORE");
 }
 
-/** A new, empty file, which only one process can have made; removed again unless it is kept. */
+/** A new, empty file that no other process has created; removed at the end unless it is kept. */
 class NewFile {
 public:
     explicit NewFile(std::string path) : path_(std::move(path))
@@ -75,7 +75,7 @@ std::unique_ptr<Store> SqliteStore::open(const std::string& path)
     std::error_code error;
     const auto status = fs::status(path, error);
     if (status.type() == fs::file_type::not_found) {
-        fail(Failure::StoreMissing, "there is no store at ", path, "; to make one, run: velrzm init");
+        fail(Failure::StoreMissing, "there is no store at ", path, "; to create one, run: velrzm init");
     }
     if (status.type() != fs::file_type::regular) {
         fail(Failure::StoreUnusable, path,
@@ -132,7 +132,7 @@ void SqliteStore::begin(Access access)
 {
     if (depth_ > 0 && !database_.inTransaction()) {
         fail(Failure::MultiSaveLost,
-             "the store dropped the open multi-save after a failure; discard it and start again");
+             "the database rolled back the open multi-save after a failure; discard it and start again");
     }
     if (depth_ > 0) {
         database_.run("SAVEPOINT part");
@@ -147,7 +147,7 @@ void SqliteStore::commit()
     --depth_;
     if (!database_.inTransaction()) {
         fail(Failure::MultiSaveLost,
-             "the store dropped the changes after a failure; nothing of them was stored");
+             "the database rolled back the changes after a failure; none of them was stored");
     }
     try {
         database_.run(depth_ > 0 ? "RELEASE part" : "COMMIT");

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// The store as an SQLite database, in a file that several processes may share or in memory.
+// Stores that are SQLite databases.
 #ifndef VELRZM_SERVER_SQLITE_STORE_H
 #define VELRZM_SERVER_SQLITE_STORE_H
 
@@ -14,17 +14,18 @@
 
 namespace qvserver {
 
+/** A store in a file, which several processes may use at a time, or in memory. */
 class SqliteStore : public Store {
 public:
     /** The store in the file at `path`. */
     static std::unique_ptr<Store> open(const std::string& path);
-    /** A new store at `path`, where nothing may be, with one user; nothing is left there when it fails. */
+    /** Creates a store with one user at `path`, where nothing may exist; nothing is left there on failure. */
     static void create(const std::string& path, std::string_view user, std::string_view passwordHash);
-    /** Fails as `create` would when there is something at `path`. */
+    /** Fails like `create` when there is something at `path`. */
     static void requireNothingAt(const std::string& path);
     /** A new store in memory. */
     static std::unique_ptr<Store> inMemory();
-    /** The files of a store at `path`: its own first, then those that come and go beside it. */
+    /** The files of a store at `path`: its own first, then those that exist beside it now and then. */
     static std::vector<std::string> filesAt(const std::string& path);
 
     void begin(Access access) override;
@@ -57,7 +58,7 @@ private:
 
     SqliteDatabase database_;
     bool inMemory_;
-    int depth_ = 0; // of transactions within one another
+    int depth_ = 0; // of nested transactions
 };
 
 } // namespace qvserver

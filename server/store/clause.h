@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// A condition on objects, as a tree.
+// Conditions on objects, as trees.
 #ifndef VELRZM_SERVER_STORE_CLAUSE_H
 #define VELRZM_SERVER_STORE_CLAUSE_H
 

@@ -11,7 +11,7 @@ namespace qvserver {
 
 namespace {
 
-constexpr int maxDepth = 20; // what the database can still read
+constexpr int maxDepth = 20; // what the database can still parse
 
 constexpr std::array<std::pair<std::string_view, Operator>, 6> operators = {{{"<=", Operator::LessOrEqual},
                                                                              {">=", Operator::GreaterOrEqual},
@@ -31,7 +31,7 @@ public:
         Condition condition = parseCondition(0);
         skipBlanks();
         if (position_ != text_.size()) {
-            refuse("nothing more");
+            refuse("the end");
         }
         return condition;
     }
@@ -40,7 +40,7 @@ private:
     Condition parseCondition(int depth)
     {
         if (depth > maxDepth) {
-            refuse("no condition within one: there are too many already");
+            refuse("a comparison: conditions are nested too deeply");
         }
         expect('&');
         for (const auto& [name, connective] : connectives) {
@@ -76,7 +76,7 @@ private:
         expect(',');
         comparison.right = parseOperand();
         if (op == Operator::Like && !std::holds_alternative<std::string>(comparison.right)) {
-            refuse("a pattern in quotes before this place");
+            refuse("preceded by a pattern in quotes");
         }
         expect(')');
         return comparison;

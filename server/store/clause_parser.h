@@ -6,10 +6,10 @@
 //                | "&OR(" condition "," condition ")" | "&AND(" condition "," condition ")"
 //     operator   = "=" | "<" | "<=" | ">" | ">="
 //     operand    = path | number | text
-//     text       = "'" anything "'", up to the first quote that "," or ")" follows; other quotes belong to
-//     the text
+//     text       = "'" anything "'", up to the first quote that is followed by "," or ")"; other quotes belong to
+//                  the text
 //
-// Blanks may stand between all parts but within an operator.
+// Blanks are allowed between all parts, but not within an operator.
 #ifndef VELRZM_SERVER_STORE_CLAUSE_PARSER_H
 #define VELRZM_SERVER_STORE_CLAUSE_PARSER_H
 

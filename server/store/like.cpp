@@ -14,7 +14,7 @@ bool isLike(std::string_view value, std::string_view pattern) noexcept
     std::size_t place = 0;
     std::size_t next = 0;
     std::size_t afterPercent =
-        std::string_view::npos; // where to go on when the last % takes one character more
+        std::string_view::npos; // where to resume when the last % takes one more character
     std::size_t takenUpTo = 0;
     while (next < pattern.size() || place < value.size()) {
         if (next < pattern.size() && pattern[next] == '%') {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// Patterns of "&LIKE": % stands for any characters, _ for one; upper and lower case differ.
+// Patterns of "&LIKE": % matches any characters, _ any single one; matching is case-sensitive.
 #ifndef VELRZM_SERVER_STORE_LIKE_H
 #define VELRZM_SERVER_STORE_LIKE_H
 
@@ -10,10 +10,10 @@
 
 namespace qvserver {
 
-/** Whether `value` matches `pattern`, with no or any number of blanks at its end. */
+/** Whether `value` matches `pattern`, with any number of blanks at its end or none. */
 bool isLike(std::string_view value, std::string_view pattern) noexcept;
 
-/** Bounds of all values that can match a pattern: `first` <= value < `end`, blank-padded. */
+/** Bounds of the values that can match a pattern: `first` <= value < `end`, blank-padded. */
 struct LikeRange {
     std::string first;
     std::string end;

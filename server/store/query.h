@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// A question to the store: which objects, which of their values, in which order.
+// Queries to a store.
 #ifndef VELRZM_SERVER_STORE_QUERY_H
 #define VELRZM_SERVER_STORE_QUERY_H
 
@@ -15,18 +15,19 @@
 
 namespace qvserver {
 
+/** Which objects of a class, which of their values, in which order. */
 struct Query {
     const Class* objectClass = nullptr;
     std::vector<std::string> select = {};
     std::vector<Condition> where = {};
     std::vector<std::string> orderBy = {};
-    /** Sorts, behind `orderBy`, the newest object first instead of the oldest. */
+    /** Sorts objects that are equal by `orderBy` from the newest to the oldest, not the other way round. */
     bool newestFirst = false;
-    /** Keeps an object that has no related one; its values behind the relation are then "". */
+    /** Keeps objects that have no related one; the values of that are "". */
     bool relatedMayMiss = false;
-    /** The largest number of rows; 0 means all. */
+    /** The largest number of rows; 0 for all. */
     int limit = 0;
-    /** Whether the rows come in an order; one that nobody needs costs time. */
+    /** Whether the order of the rows matters; sorting costs time. */
     bool ordered = true;
 };
 

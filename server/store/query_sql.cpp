@@ -11,7 +11,7 @@ namespace qvserver {
 
 namespace {
 
-/** How an operator stands in SQL. */
+/** An operator in SQL. */
 std::string_view sqlOperator(Operator op)
 {
     switch (op) {
@@ -36,7 +36,7 @@ struct Expression {
 
     std::string sql;
     Form form = Form::Text;
-    bool indexed = false; // a column, so that bounds on it are worth while
+    bool indexed = false; // a column, which an index may help to search
 
     bool isNumber() const { return form != Form::Text; }
     std::string asNumber() const
@@ -102,7 +102,7 @@ private:
         return list;
     }
 
-    /** The attribute that `path` names: one of the class, else one behind a relation, else an added one. */
+    /** The attribute that `path` names: one of the class, else one of a related class, else one that a site added. */
     Expression valueAt(std::string_view path)
     {
         Place place = {query_.objectClass, "t0"};
@@ -131,7 +131,7 @@ private:
         }
     }
 
-    /** The related objects, joined at their first mention. `relations` is the path up to and with the
+    /** The related objects, joined when they are first mentioned. `relations` is the path up to and including the
      * relation. */
     Place joined(const Place& from, const Relation& relation, const std::string& relations)
     {
@@ -193,7 +193,7 @@ private:
         return left.asText() + std::string(sqlOperator(op)) + parameter(std::get<std::string>(operand));
     }
 
-    /** The bounds let the database find candidates by an index; the function decides. */
+    /** The bounds let the database find candidates by an index; the function decides which of them match. */
     std::string like(const Expression& value, const std::string& pattern)
     {
         std::string text = std::string(likeFunction) + '(' + value.sql + ", " + parameter(pattern) + ')';

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// Queries as SQL. Names in the SQL come from the class table only; every value and every other path is a
-// parameter.
+// Queries as SQL. Names in the SQL come from the class table alone; every value and every other path is a parameter.
 #ifndef VELRZM_SERVER_STORE_QUERY_SQL_H
 #define VELRZM_SERVER_STORE_QUERY_SQL_H
 
@@ -15,9 +14,9 @@
 
 namespace qvserver {
 
-/** The functions that the SQL uses beside the standard ones, each of two or one arguments. */
+/** The functions that the SQL needs beside the standard ones. */
 constexpr const char* likeFunction = "qv_like";     // (value, pattern): isLike
-constexpr const char* numberFunction = "qv_number"; // (value): the number that it writes, else NULL
+constexpr const char* numberFunction = "qv_number"; // (value): the number in its text, else NULL
 
 using SqlValue = std::variant<std::int64_t, double, std::string>;
 
@@ -30,6 +29,7 @@ struct Sql {
 /** `name` as an identifier of SQL. */
 std::string sqlName(std::string_view name);
 
+/** The SELECT statement of a query. */
 Sql sqlOf(const Query& query);
 
 } // namespace qvserver

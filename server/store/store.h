@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// What the server asks of a database: objects with their values, queries, users, transactions. What an object
-// means is not the store's business; it knows the classes only as the shape of its tables.
+// The interface of a store.
 #ifndef VELRZM_SERVER_STORE_STORE_H
 #define VELRZM_SERVER_STORE_STORE_H
 
@@ -49,9 +48,14 @@ public:
     virtual void find(Rows& rows, const Answer& answer) = 0;
 };
 
-/** Told how many bytes of how many are copied; it may throw to end the copying. */
+/** Called with the numbers of bytes copied and in all; it may throw to end the copying. */
 using CopyProgress = std::function<void(std::uintmax_t done, std::uintmax_t total)>;
 
+/**
+ * What the server needs of a database: objects with their values, queries, users, transactions. It knows the classes only
+ * as the shape of its tables; what an object means is the business of the code above it. Every call fails with a
+ * ServerError when the database does.
+ */
 class Store {
 public:
     Store() = default;
@@ -59,45 +63,50 @@ public:
     Store& operator=(const Store&) = delete;
     virtual ~Store() = default;
 
-    /** Begins a transaction, or a part of the open one that can be taken back alone. */
+    /** Begins a transaction, or within an open one a part that can be rolled back alone. */
     virtual void begin(Access access) = 0;
+    /** Commits the transaction, or keeps its part; rolls it back when that fails. */
     virtual void commit() = 0;
     virtual void rollback() noexcept = 0;
 
-    /** The next of the rising numbers that objects are identified with. */
+    /** The next of the rising numbers that identify objects. */
     virtual std::int64_t nextNumber() = 0;
     /** Stores a new object; false when one with the same keys is stored. */
     virtual bool insert(const Class& objectClass, std::int64_t id, const Values& values) = 0;
     /** Sets `values` of an object; false when another one has the resulting keys. */
     virtual bool update(const Class& objectClass, std::int64_t id, const Values& values, Count count) = 0;
+    /** Deletes an object; nothing happens when it is not stored. */
     virtual void remove(const Class& objectClass, std::int64_t id) = 0;
     /** All values of an object; none when it is not stored. */
     virtual Values values(const Class& objectClass, std::int64_t id) = 0;
+    /** The rows of a query; they do not change with the store. */
     virtual std::shared_ptr<const Rows> select(const Query& query) = 0;
     /**
      * `query`, without an order, among the objects that have a value of the attribute `path`. Its transaction
      * must be open: one for each question would cost more than the answer.
      */
     virtual std::unique_ptr<Lookup> lookup(Query query, std::string_view path) = 0;
+    /** How many objects of a class are stored. */
     virtual std::int64_t count(const Class& objectClass) = 0;
 
-    /** The version of the form in which objects are kept. */
+    /** The version of the layout in which objects are stored. */
     virtual std::int64_t formatVersion() const = 0;
-    /** How many bytes everything takes. */
+    /** The size of everything in bytes. */
     virtual std::uintmax_t size() const = 0;
-    /** Writes what is committed at this moment to the empty file at `path`, while others go on working. */
+    /** Writes what is committed at this moment to the empty file at `path`; others may go on reading and writing. */
     virtual void copyTo(const std::string& path, const CopyProgress& progress) = 0;
 
-    /** Whether the store keeps no users and anybody may use it. */
+    /** Whether the store has no users, so that anybody may use it. */
     virtual bool isOpenToAll() const noexcept = 0;
     virtual std::vector<std::string> userNames() = 0;
+    /** The hash of the user's password; none for an unknown user. */
     virtual std::optional<std::string> passwordHash(std::string_view user) = 0;
-    /** Adds a user or gives a known one another password. */
+    /** Adds a user, or changes the password of a known one. */
     virtual void putUser(std::string_view user, std::string_view passwordHash) = 0;
     virtual void removeUser(std::string_view user) = 0;
 };
 
-/** A transaction, or a part of one, that is taken back unless it is committed. */
+/** A transaction, or a part of one, that is rolled back unless it is committed. */
 class Transaction {
 public:
     Transaction(Store& store, Access access) : store_(store) { store_.begin(access); }
@@ -112,7 +121,7 @@ public:
 
     void commit()
     {
-        ended_ = true; // a commit that fails takes back by itself
+        ended_ = true; // a commit that fails rolls back by itself
         store_.commit();
     }
 
