@@ -11,6 +11,7 @@ PAIRS = [
     ("checked call, trace and logs off", "checked call/frame", "checked call/by hand", ("more", 30)),
     ("access log, line of five texts", "input line/QVL_Log", "input line/write", ("ratio", 1.15)),
     ("access log, line of a call", "call line/Process_QV_RC", "call line/write", ("ratio", 1.15)),
+    ("defaults, 1,000 lines", "defaults/DefaultRead", "defaults/getline", ("ratio", 1.5)),
 ]
 
 

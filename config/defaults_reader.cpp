@@ -4,15 +4,11 @@
 // file.
 #include <velrzm/defaults.h>
 
-#include <array>
-#include <cstdio>
-#include <cstdlib>
-#include <optional>
 #include <string>
 
+#include "config/defaults_file.h"
 #include "diagnostics/access_log.h"
 #include "diagnostics/guard.h"
-#include "diagnostics/log_files.h"
 #include "diagnostics/trace.h"
 #include "diagnostics/warning.h"
 
@@ -21,10 +17,6 @@ using namespace velrzm;
 namespace {
 
 constexpr const char* prefix = "DefaultRead";
-constexpr const char* sharedName = "QVL_RZM_DEFAULT";
-constexpr const char* localPath = "./My_QVL_RZM_DEFAULT";
-constexpr std::size_t pieceBuffer = 64; // a line is read in pieces of at most 63 characters
-constexpr std::size_t pathBuffer = 256;
 
 /** The access-log lines of this reader depend on the trace level, unlike all others. */
 template <class... Pieces>
@@ -35,50 +27,39 @@ void logFromLevel3(const Pieces&... pieces)
     }
 }
 
-/** The path of the shared file; none when the directory's name is too long for it. */
-std::optional<std::string> sharedPath()
+void warnOfCut(const DefaultsEntry& entry)
 {
-    const char* const directory = std::getenv("RZM_DEFAULT_DIRECTORY");
-    const BoundedText<pathBuffer> path{directory == nullptr ? "." : directory, "/", sharedName};
-    if (!path.fits()) {
-        warn(prefix, "the path of the shared defaults file has more than 255 characters; the file is skipped "
-                     "(shorten RZM_DEFAULT_DIRECTORY)");
-        return std::nullopt;
-    }
-    return std::string(path.view());
+    warn(prefix, "an entry of " + entry.operation + " is cut to the first " +
+                     std::to_string(longestDefaultsLine) + " characters of its line: " + entry.file +
+                     ", line " + std::to_string(entry.line));
 }
 
-/** What of a piece of a file is no comment. */
-std::string withoutComment(const char* piece)
+/** The entries of `operation` in one of the files; none when the file cannot be opened. */
+std::vector<DefaultsEntry> read(const std::string& path, const char* operation)
 {
-    return {piece, std::strcspn(piece, "#\n")};
-}
-
-/**
- * Calls `take(name, value)` for each entry of `operation` in the file; tells on the trace that it reads the
- * file.
- */
-template <class Take>
-void readEntries(const char* path, const VELUnicodeString& operation, const Take& take)
-{
-    const File file(std::fopen(path, "r"));
-    if (!file) {
-        return;
+    std::optional<std::vector<DefaultsEntry>> entries = readDefaultsFile(path, operation);
+    if (!entries) {
+        return {};
     }
     trace(OperationLevel, prefix, "- Reading defaults from ", path);
     logFromLevel3("- Reading defaults from ", path);
-    std::array<char, pieceBuffer> piece{};
-    while (std::fgets(piece.data(), static_cast<int>(piece.size()), file.get()) != nullptr) {
-        const std::string entry = withoutComment(piece.data());
-        if (entry.empty()) {
-            continue;
-        }
-        VELToken tokens(entry.c_str());
-        if (tokens.GetNextToken() == operation) {
-            const VELUnicodeString name = tokens.GetNextToken();
-            take(name, tokens.GetNextToken());
+    for (const DefaultsEntry& entry : *entries) {
+        if (entry.isCut) {
+            warnOfCut(entry);
         }
     }
+    return *std::move(entries);
+}
+
+std::vector<DefaultsEntry> readShared(const char* operation)
+{
+    const std::optional<std::string> path = sharedDefaultsPath();
+    if (!path) {
+        warn(prefix, "the path of the shared defaults file has more than 255 characters; the file is skipped "
+                     "(shorten RZM_DEFAULT_DIRECTORY)");
+        return {};
+    }
+    return read(*path, operation);
 }
 
 int readDefaults(const VELUnicodeString& operation, VELListValVELUnicodeString& names,
@@ -89,23 +70,13 @@ int readDefaults(const VELUnicodeString& operation, VELListValVELUnicodeString& 
     trace(OperationLevel, prefix, "-----Start------------------------------");
     names.RemoveAll();
     values.RemoveAll();
-    const auto append = [&](const VELUnicodeString& name, const VELUnicodeString& value) {
-        names.Append(name);
-        values.Append(value);
-    };
-    if (const auto shared = sharedPath()) {
-        readEntries(shared->c_str(), wanted, append);
-    }
-    readEntries(localPath, wanted, [&](const VELUnicodeString& name, const VELUnicodeString& value) {
-        if (const int position = names.Locate(name)) {
-            values.Replace(position, value);
-        } else {
-            append(name, value);
-        }
-    });
-    for (int i = 1; i <= names.Size(); ++i) {
-        trace(CallLevel, prefix, "- ", names[i], "=", values[i]);
-        logFromLevel3("- ", names[i], "<=>", values[i]);
+    std::vector<DefaultsEntry> entries = readShared(wanted);
+    overrideDefaults(entries, read(localDefaultsPath, wanted));
+    for (const DefaultsEntry& entry : entries) {
+        names.Append(entry.name.c_str());
+        values.Append(entry.value.c_str());
+        trace(CallLevel, prefix, "- ", entry.name, "=", entry.value);
+        logFromLevel3("- ", entry.name, "<=>", entry.value);
     }
     trace(OperationLevel, prefix, "-----Exit----NbOfDefault=", names.Size(), "--------");
     return names.Size();

@@ -12,8 +12,10 @@
  * RZM_DEFAULT_DIRECTORY names or in the working directory, and then from ./My_QVL_RZM_DEFAULT, whose entries
  * replace those of the shared file. Both files are read afresh by every call; a missing one is skipped.
  *
- * A line holds the operation's name, an attribute and a value, separated by blanks or tabs; text from a "#"
- * on is a comment; a line may end as on Windows; a line is read in pieces of 63 characters.
+ * A line holds the operation's name, an attribute and a value, separated by blanks or tabs; text from a "#" on
+ * is a comment. Lines may end as on Windows. A line is read up to its 63rd character, and what follows counts as
+ * another line; an entry that is cut there is used as it is, with a warning on standard output (trace level 0)
+ * and in the access log.
  *
  *     ItemCreate   item_type   P     # the usual part
  *

@@ -119,21 +119,35 @@ TEST_F(Defaults, TheLocalFileReplacesTheFirstPairOfANameOrAddsOne)
     }
 }
 
-TEST_F(Defaults, ALineIsReadInPiecesOf63Characters)
+TEST_F(Defaults, ALineIsReadInPiecesOf63CharactersAndAnEntryThatIsCutIsWarnedOf)
 {
     const std::string head = "ItemCreate a ";
     const std::string fitting(63 - head.size(), 'v');
-    const std::tuple<std::string, std::string, const char*> cases[] = {
-        {head + fitting, "a=" + fitting + ";b=2;", "a line of 63 characters is one piece"},
-        {head + fitting + "x y z", "a=" + fitting + ";b=2;", "the remainder names another operation"},
-        {head + fitting + "ItemCreate c 3", "a=" + fitting + ";c=3;b=2;",
-         "the remainder is a line of its own"},
-        {'#' + std::string(62, '-') + "ItemCreate c 3", "c=3;b=2;", "a comment ends with its piece"},
-        {std::string(100000, 'v'), "b=2;", "a line of any length is read to its end"},
+    const std::string longName(52, 'n');
+    const std::tuple<std::string, std::string, bool> cases[] = {
+        {head + fitting, "a=" + fitting + ";b=2;", false},
+        {head + fitting + " y z", "a=" + fitting + ";b=2;", false}, // the remainder names another operation
+        {head + fitting + "# remark", "a=" + fitting + ";b=2;", false},
+        {head + "1 2" + fitting, "a=1;b=2;", false},
+        {head + fitting + "ItemCreate c 3", "a=" + fitting + ";c=3;b=2;", true}, // ... or is an entry itself
+        {"ItemCreate " + longName + "n 1", longName + "=;b=2;", true},
+        {"ItemCreate a" + std::string(51, ' ') + "1", "a=;b=2;", true},
+        {"ItemSave a 1" + fitting + fitting, "b=2;", false},
+        {'#' + std::string(62, '-') + "ItemCreate c 3", "c=3;b=2;", false}, // a comment ends with its piece
+        {std::string(100000, 'v'), "b=2;", false},
     };
-    for (const auto& [line, expected, reason] : cases) {
-        writeFile(sharedFile, line + "\nItemCreate b 2\n");
-        EXPECT_EQ(pairs(), expected) << reason;
+    connect();
+    for (const auto& [line, expected, isCut] : cases) {
+        writeFile(sharedFile, "\n" + line + "\nItemCreate b 2\n");
+        const Outcome outcome = record([this, &expected = expected] {
+            EXPECT_EQ(pairs(), expected);
+            return 0;
+        });
+        const std::string warning =
+            " ****** WARNING ****** an entry of ItemCreate is cut to the first 63 characters of "
+            "its line: ./QVL_RZM_DEFAULT, line 2";
+        EXPECT_EQ(outcome.output, isCut ? "DefaultRead-" + warning + ".\n" : "") << line;
+        EXPECT_EQ(outcome.accessLog, isCut ? "DefaultRead" + warning + "\n" : "") << line;
     }
 }
 
