@@ -87,7 +87,7 @@ class Backup(CommandTest):
         limit = lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (200_000, small))  # as on a full disk
         run = self.run_command("backup", "copy.db", preexec_fn=limit)
         self.assertEqual((run.returncode, run.stdout), (REFUSED, ""))
-        self.assertIn("copy.db: File too large", run.stderr)
+        self.assertIn("copy.db: the database failed (File too large)", run.stderr)
         for place in ("missing/copy.db", "/proc/copy.db", "store.db"):
             self.assertIn(place, self.refused("backup", place, "--force"))
         self.assertIn("velrzm init", self.refused("backup", "copy.db", "--store", "missing.db"))

@@ -288,7 +288,7 @@ void addImport(CommandLine& line)
                     "Do not record the items as affected by the change");
     import
         .add_option("--not-countable", options->notCountable,
-                    "What becomes of rows with a quantity such as \"2.5 m\" or \"A/R\"; refused unless given")
+                    "What becomes of rows with a quantity such as 2.5 m or A/R; refused unless given")
         ->check(CLI::IsMember({"refuse", "once", "skip"}))
         ->type_name("refuse|once|skip");
     import

@@ -254,7 +254,7 @@ private:
 
     std::string number(const csv::Record& record, const std::string& meaning) const
     {
-        const std::string text = columns_->field(record.fields, meaning);
+        std::string text = columns_->field(record.fields, meaning);
         if (text.size() > maxNumberLength) {
             refuse(meaning, "the number has " + std::to_string(text.size()) +
                                 " characters; no search could name more than " +
