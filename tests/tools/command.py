@@ -1,45 +1,41 @@
 # SPDX-License-Identifier: Apache-2.0
-"""Runs the velrzm command in a directory of its own."""
-import csv
-import io
+"""Tests of the velrzm command as its users type it."""
 import json
 import os
-import pathlib
 import pty
-import subprocess
-import tempfile
-import unittest
 
-COMMAND = os.environ["VELRZM_COMMAND"]
-PASSWORD = "correct horse"
+from dialogue import COMMAND, DialogueTest
+
 DONE, REFUSED, WRONG_USAGE = 0, 1, 2
 
 
-class CommandTest(unittest.TestCase):
-    """Tests with a working directory and an environment that nothing else touches."""
+class CommandTest(DialogueTest):
+    """A line of a dialogue is what follows `velrzm`."""
 
     def setUp(self):
-        directory = tempfile.TemporaryDirectory(prefix="velrzm-test-")
-        self.addCleanup(directory.cleanup)
-        self.directory = pathlib.Path(directory.name)
+        super().setUp()
         self.temporary = self.directory / "tmp"
         self.temporary.mkdir()
-        self.environment = {
-            "PATH": os.environ["PATH"], "HOME": str(self.directory), "TMPDIR": str(self.temporary),
-            "LC_ALL": "C.UTF-8", "USER": "ada", "VELRZM_PASSWORD": PASSWORD, "QV_STORE": "sqlite:store.db",
-        }
-        for name in ("ASAN_OPTIONS", "UBSAN_OPTIONS", "LD_LIBRARY_PATH"):
-            if name in os.environ:
-                self.environment[name] = os.environ[name]
+        self.environment["TMPDIR"] = str(self.temporary)
 
-    def file(self, name, text):
-        (self.directory / name).write_text(text, encoding="utf-8")
-        return name
+    def answer(self, *words):
+        return self.do_velrzm(*words)
 
-    def run_command(self, *arguments, **options):
-        return subprocess.run([COMMAND, *arguments], cwd=self.directory, env=self.environment, text=True,
-                              stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE, check=False,
-                              timeout=60, **options)
+    def do_new_store(self):
+        """Another store, with the change EC-1."""
+        self.environment["QV_STORE"] = f"sqlite:store-{len(list(self.directory.glob('store-*.db')))}.db"
+        self.tell("init\nec create EC-1")
+
+    def do_import_text(self, *words):
+        """Imports a parts list of these lines; what follows them are options. What is told counts as the answer, too."""
+        pieces = [word for word in words if "\n" in word]
+        self.do_file("parts.csv", *pieces)
+        run = self.run_command("import", "parts.csv", "--ec", "EC-1", *words[len(pieces):])
+        return -run.returncode, " | ".join((run.stdout + run.stderr).splitlines())
+
+    def do_batch_line(self, line):
+        self.do_file("lines", line + "\n")
+        return self.do_velrzm("batch", "lines")
 
     def on_terminal(self, answers, *arguments, program=COMMAND, typed=""):
         """Runs a program with a terminal of its own and types the answers, each when it is asked for."""
@@ -81,6 +77,3 @@ class CommandTest(unittest.TestCase):
 
     def json(self, *arguments):
         return json.loads(self.done(*arguments, "--format", "json"))
-
-    def csv(self, *arguments):
-        return list(csv.DictReader(io.StringIO(self.done(*arguments, "--format", "csv"))))

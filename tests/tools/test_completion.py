@@ -16,8 +16,7 @@ class Completion(CommandTest):
 
     def setUp(self):
         super().setUp()
-        self.environment.update(PATH=f"{pathlib.Path(COMMAND).parent}:{self.environment['PATH']}", TERM="dumb",
-                                ZDOTDIR="/nowhere")
+        self.environment.update(TERM="dumb", ZDOTDIR="/nowhere")
 
     def bash_offers(self, *words):
         run = subprocess.run(["bash", "-c", BASH_CALL, "bash", "velrzm", *words], cwd=self.directory, text=True,
@@ -67,7 +66,3 @@ class Completion(CommandTest):
     def test_zsh(self):
         self.assert_completed("PS1=; autoload -U compinit; compinit -u -D; source <(velrzm completion zsh)\n",
                               "zsh", "-f", "-i")
-
-
-if __name__ == "__main__":
-    unittest.main()

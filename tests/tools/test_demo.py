@@ -5,7 +5,6 @@ import os
 import re
 import signal
 import subprocess
-import unittest
 
 from command import COMMAND, CommandTest, DONE, REFUSED
 
@@ -84,7 +83,3 @@ class Demo(CommandTest):
         self.nothing_is_left()
         self.environment["TMPDIR"] = str(self.directory / "nowhere")
         self.assertIn("TMPDIR", self.refused("demo"))
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -42,7 +42,3 @@ class Manual(CommandTest):
                      "velrzm item open [--ec CHANGE] [--select NAME,...]... ITEM",
                      "--name Bracket --type PART --set mass_g=120"):
             self.assertIn(text, shown["velrzm-item.1"])
-
-
-if __name__ == "__main__":
-    unittest.main()

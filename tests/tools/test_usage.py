@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: Apache-2.0
 """The command line itself: help, versions, wrong usage."""
+import pathlib
 import re
 import shlex
-import unittest
 
 from command import CommandTest, DONE, WRONG_USAGE
 
@@ -60,6 +60,11 @@ class Usage(CommandTest):
         self.assertEqual(self.json("ec", "open", "EC-1", "--select", "desc,initiator@person_identifier"),
                          {"desc": "", "initiator@person_identifier": "bob"})
 
-
-if __name__ == "__main__":
-    unittest.main()
+    def test_the_readme_from_nothing_to_a_bill_of_material(self):
+        readme = (pathlib.Path(__file__).parents[2] / "README.md").read_text(encoding="utf-8")
+        self.file("parts.csv", "Level,Part,Part Name,Qty\n0,A-100,Lamp,1\n1,A-110,Base,1\n2,A-111,Screw,4\n")
+        for command in re.search(r"material:\n\n((?:    velrzm .*\n)+)", readme)[1].splitlines():
+            code, answer = self.do_shell(command)
+            self.assertEqual(code, 0, answer)
+            if "item query" in command:
+                self.assertRegex(answer, "LAMP.*BASE.*SCREW")
