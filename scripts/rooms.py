@@ -31,10 +31,10 @@ MAY_INCLUDE = {
     "tools/output": ("include", "csv", "tools/process"),
     "tools/command_line": ("include", "tools/process", "tools/output"),
     "tools/structure": ("include", "tools/process", "tools/output"),
-    "tools/site_files": ("include", "tools/process"),
+    "tools/site_files": ("include", "config", "tools/process"),
     "tools/parts_list": ("include", "csv", "tools/process", "tools/output", "tools/structure"),
-    "tools/commands": ("include", "csv", "tools/process", "tools/output", "tools/command_line", "tools/structure",
-                       "tools/site_files", "tools/parts_list"),
+    "tools/commands": ("include", "config", "csv", "tools/process", "tools/output", "tools/command_line",
+                       "tools/structure", "tools/site_files", "tools/parts_list"),
     "tools/demo": ("include", "tools/process", "tools/output", "tools/command_line", "tools/structure"),
 }
 GROUPS = {"libvelrzm": ("diagnostics", "frame", "config", "operations"), "libqvlocal": "server/", "velrzm": "tools/"}

@@ -88,6 +88,12 @@ VELRZM_API void setPassword(const std::string& location, const std::string& user
 VELRZM_API std::vector<std::string> listUsers(const std::string& location);
 
 /**
+ * Whether the server takes `path` as the path of an attribute: names of letters, digits and "_" that do not begin with
+ * a digit, joined by "@", of 255 characters at most. Needs no store.
+ */
+VELRZM_API bool isAttributePath(const std::string& path);
+
+/**
  * Loads the options of products from a CSV file with the columns "product", "feature" and "variant". Such a
  * file:
  *  - begins with a line that names its columns, in any order; a byte order mark before it does no harm;

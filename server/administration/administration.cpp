@@ -6,6 +6,7 @@
 #include "server/administration/password.h"
 #include "server/administration/store_location.h"
 #include "server/base/errors.h"
+#include "server/base/text.h"
 
 namespace qvlocal {
 
@@ -132,6 +133,11 @@ void setPassword(const std::string& location, const std::string& user, const std
 std::vector<std::string> listUsers(const std::string& location)
 {
     return reported([&] { return qvserver::openStoreFile(location)->userNames(); });
+}
+
+bool isAttributePath(const std::string& path)
+{
+    return qvserver::isPath(path);
 }
 
 std::size_t loadProductOptions(const std::string& location, const std::string& file)

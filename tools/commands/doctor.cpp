@@ -16,12 +16,12 @@
 
 #include <velrzm/qvlocal.h>
 
+#include "config/defaults_file.h"
 #include "tools/command_line/command_line.h"
 #include "tools/process/failures.h"
 #include "tools/process/local_server.h"
 #include "tools/process/log_places.h"
 #include "tools/process/standard_streams.h"
-#include "tools/site_files/defaults_files.h"
 
 namespace tools {
 
@@ -142,7 +142,7 @@ void lookAtDefaults(Findings& findings, const char* subject, const std::string& 
     }
 }
 
-void lookAtDefaultsDirectory(Findings& findings)
+void lookAtSharedDefaults(Findings& findings)
 {
     const char* const directory =
         std::getenv("RZM_DEFAULT_DIRECTORY"); // NOLINT(concurrency-mt-unsafe): one thread
@@ -151,6 +151,13 @@ void lookAtDefaultsDirectory(Findings& findings)
         findings.bad(
             "shared defaults", directory,
             "is no directory; set RZM_DEFAULT_DIRECTORY to the one with the defaults file, or unset it");
+    }
+    if (const auto path = velrzm::sharedDefaultsPath()) {
+        lookAtDefaults(findings, "shared defaults", *path);
+    } else {
+        findings.bad("shared defaults", directory,
+                     "makes the path of the file longer than " + std::to_string(velrzm::longestDefaultsPath) +
+                         " characters, and the library skips it; set RZM_DEFAULT_DIRECTORY to a shorter one");
     }
 }
 
@@ -180,9 +187,8 @@ void examine(const Settings& settings)
     lookAtLog(findings, {"access log", "QVL_LOG_FILE", nullptr});
     lookAtLog(findings, {"error log", "QVL_LOG_ERROR", "./QVL_LOG_ERROR"});
     lookAtLog(findings, {"last-error file", "QVL_LAST_ERROR", "./QVL_LAST_ERROR"});
-    lookAtDefaultsDirectory(findings);
-    lookAtDefaults(findings, "shared defaults", sharedDefaultsFile());
-    lookAtDefaults(findings, "local defaults", localDefaultsFile());
+    lookAtSharedDefaults(findings);
+    lookAtDefaults(findings, "local defaults", velrzm::localDefaultsPath);
     writeRecords(findings.records(), Shape::List, settings.format);
     if (findings.problems() > 0) {
         throw Refused("problems found: " + std::to_string(findings.problems()));

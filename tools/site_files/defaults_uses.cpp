@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <set>
 
 namespace tools {
 
@@ -54,6 +55,19 @@ std::vector<DefaultsUse> usesOfEntries(const std::string& name)
     std::copy_if(defaultsUses().begin(), defaultsUses().end(), std::back_inserter(found),
                  [&name](const DefaultsUse& use) { return use.entries == name; });
     return found;
+}
+
+std::string operationsWithDefaults()
+{
+    std::set<std::string> names; // two operations may use the same entries
+    for (const DefaultsUse& use : defaultsUses()) {
+        names.insert(use.entries);
+    }
+    std::string all;
+    for (const std::string& name : names) {
+        all.append(all.empty() ? "" : ", ").append(name);
+    }
+    return all;
 }
 
 } // namespace tools

@@ -30,6 +30,9 @@ const std::vector<DefaultsUse>& defaultsUses();
 /** Those that use the entries of that name. */
 std::vector<DefaultsUse> usesOfEntries(const std::string& name);
 
+/** The names that entries may have, in a text. */
+std::string operationsWithDefaults();
+
 } // namespace tools
 
 #endif
