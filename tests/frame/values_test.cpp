@@ -289,6 +289,9 @@ TEST_F(Values, NullArgumentsNeverCrash)
     captureOutput([&] { useNulls("id", "EC-7"); });
     makeThreeChanges();
     captureOutput([&] { useNulls("id", "EC-0"); });
+    captureOutput([] {
+        DocumentMakeNewRevision(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
+    });
 }
 
 TEST_F(Values, LongValuesAreReadWholeWithOrWithoutASize)

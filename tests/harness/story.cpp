@@ -14,6 +14,7 @@
 #include <velrzm/velrzm.h>
 
 #include "tests/harness/files.h"
+#include "tests/harness/teller.h"
 #include "tests/harness/texts.h"
 #include "tests/standin/standin.h"
 
@@ -99,139 +100,34 @@ private:
     std::streambuf* original_;
 };
 
-std::string state(int result)
+} // namespace
+
+State currentState()
 {
     std::string names;
     const int slots = std::min(NbSelectedAttribute, static_cast<int>(std::size(SelectedAttribute)));
     for (int slot = 0; slot < slots; ++slot) {
         names += (slot == 0 ? "" : ", ") + std::string(SelectedAttribute[slot]);
     }
-    return "= " + std::to_string(result) + " FromList=" + FromList + " entries=" + std::to_string(entries) +
-           " LastRecNo=" + std::to_string(LastRecNo) + " QV_RC=" + std::to_string(QV_RC) +
-           " SelectedAttribute=[" + names + "]\n";
+    return {{"FromList", FromList},
+            {"entries", std::to_string(entries)},
+            {"LastRecNo", std::to_string(LastRecNo)},
+            {"QV_RC", std::to_string(QV_RC)},
+            {"SelectedAttribute", '[' + names + ']'},
+            {"obj", standin::nameOf(QV_ObjPtr)},
+            {"list", standin::nameOf(QV_ListPtr)},
+            {"report", standin::nameOf(QV_RepPtr)}};
 }
 
-/** The texts in quotes. */
-std::vector<std::string> quotedTexts(const std::string& text)
+std::string lineOf(const State& state)
 {
-    std::vector<std::string> found;
-    for (std::size_t begin = text.find('"'); begin != std::string::npos; begin = text.find('"', begin)) {
-        const std::size_t end = text.find('"', begin + 1);
-        if (end == std::string::npos) {
-            throw std::invalid_argument("no closing quote: " + text);
-        }
-        found.push_back(text.substr(begin + 1, end - begin - 1));
-        begin = end + 1;
+    std::string line = "= " + state.at("result");
+    for (const std::string name :
+         {"FromList", "entries", "LastRecNo", "QV_RC", "SelectedAttribute", "output"}) {
+        line += state.count(name) > 0 ? ' ' + name + '=' + state.at(name) : "";
     }
-    return found;
+    return line + '\n';
 }
-
-/** Writes a test's lines out as the story that is recorded at a trace level. */
-class Teller {
-public:
-    explicit Teller(int level) : level_(level) {}
-
-    void tell(const std::string& line)
-    {
-        const std::size_t blank = line.find(' ');
-        const std::string sign = line.substr(0, blank);
-        const std::string text = blank == std::string::npos ? "" : line.substr(blank + 1);
-        if (sign == "log" || sign == "err") {
-            add(sign + ' ', text);
-        } else if (sign == "*" || (sign.size() == 1 && sign >= "0" && sign <= "9")) {
-            const std::size_t call = text.find(" > QV_");
-            show(sign == "*" ? level_ : std::stoi(sign), text.substr(0, call));
-            if (call != std::string::npos) {
-                tellCheckedCall(text.substr(call + 3));
-            }
-        } else if (sign == "-") {
-            add("call", text);
-        } else if (sign == ">") {
-            tellCheckedCall(text);
-        } else if (sign == "!") {
-            tellFailure(text);
-        } else if (sign == "defaults") {
-            show(2, "@- Calling DefaultRead for @.");
-            show(2, "DefaultRead-----Start------------------------------.");
-            show(2, "@- rc(DefaultRead)=" + text + '.');
-        } else if (sign == "new") {
-            add("call", "QV_Destroy_Object(null) = 0");
-            tellCheckedCall("QV_Create_Object(obj1, \"" + text + "\") = 0");
-        } else if (sign == "=") {
-            story_ += std::exchange(errors_, "") + line + '\n';
-        } else if (!line.empty() && line.back() == ':') {
-            writer_ = line.substr(0, line.size() - 1);
-        } else {
-            throw std::invalid_argument("no line of a story: " + line);
-        }
-    }
-    std::string story() const { return story_ + errors_; }
-
-private:
-    void add(const std::string& channel, std::string text)
-    {
-        for (std::size_t at = text.find('@'); at != std::string::npos; at = text.find('@', at + 1)) {
-            if (at == 0 || text[at - 1] == ' ') {
-                text.replace(at, 1, writer_);
-            }
-        }
-        text = channel + ' ' + text + '\n';
-        if (channel == "err ") {
-            errors_ += text;
-        } else {
-            story_ += channel == "log " ? text : std::exchange(errors_, "") + text;
-        }
-    }
-    void show(int level, const std::string& text)
-    {
-        if (level <= level_) {
-            add("out ", text);
-        }
-    }
-    void tellCheckedCall(const std::string& text)
-    {
-        const std::size_t as = text.find(" as ");
-        const std::string call = text.substr(0, as);
-        const std::string code = call.substr(call.rfind(' ') + 1);
-        std::string name = call.substr(0, call.find('('));
-        std::vector<std::string> details = quotedTexts(call);
-        if (name == "QV_Set_Clause") {
-            const std::string& kind = details.front();
-            name = (kind == "OrderBy" ? "" : "Append" + kind + "- ") + "QV_Set_Clause-" + kind;
-            details.erase(details.begin());
-        }
-        if (as != std::string::npos) {
-            const std::string report = text.substr(as + 4);
-            name = report.substr(0, report.find('"'));
-            if (name.size() < report.size()) {
-                details = quotedTexts(report);
-                name.erase(name.find_last_not_of(' ') + 1);
-            }
-        }
-        details.resize(2);
-        add("call", call);
-        show(5, "@ " + name + ' ' + details[0] + ' ' + details[1] + ": QV_RC=" + code + '.');
-        const std::string second = details[1].empty() ? "" : '=' + details[1];
-        add("log ", "@- rc(" + name + (details[0].empty() ? "" : "::" + details[0] + second) + ") = " + code);
-    }
-    void tellFailure(const std::string& message)
-    {
-        const std::string text = message.substr(message.find(" - ") + 3) + ' ';
-        add("log ", message);
-        show(0, "****** " + text + '.');
-        std::istringstream block(errorBlock(writer_, text));
-        for (std::string line; std::getline(block, line);) {
-            add("err ", line);
-        }
-    }
-
-    int level_;
-    std::string writer_;
-    std::string story_;
-    std::string errors_; // what the error log has gained since the last event that is no line of a log
-};
-
-} // namespace
 
 std::string Outcome::storyFrom(const std::string& text) const
 {
@@ -250,7 +146,9 @@ Outcome recordStory(const std::function<int()>& use, const std::string& accessLo
         const Recorder recorder(outcome, accessLog, errorLog);
         EXPECT_EQ(captureOutput([&] { outcome.result = use(); }), "") << "not written by std::cout";
     }
-    outcome.story += state(outcome.result);
+    State state = currentState();
+    state["result"] = std::to_string(outcome.result);
+    outcome.story += lineOf(state);
     return outcome;
 }
 

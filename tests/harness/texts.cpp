@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/harness/texts.h"
 
+#include <algorithm>
 #include <sstream>
 #include <stdexcept>
 
@@ -39,9 +40,7 @@ std::string lines(const std::string& raw)
         throw std::invalid_argument("an expected text begins on a line of its own");
     }
     std::string text = raw.substr(1);
-    for (std::size_t tab = text.find(R"(\t)"); tab != std::string::npos; tab = text.find(R"(\t)", tab)) {
-        text.replace(tab, 2, "\t");
-    }
+    replaceAll(text, R"(\t)", "\t");
     return text;
 }
 
@@ -49,6 +48,24 @@ std::string errorBlock(const std::string& function, const std::string& text)
 {
     return "Function " + function + " generated the following error:\n" + text + '\n' + std::string(69, '-') +
            '\n';
+}
+
+Lines split(const std::string& text, const std::string& separator)
+{
+    Lines parts;
+    for (std::size_t begin = 0; !text.empty() && begin <= text.size();) {
+        const std::size_t end = std::min(text.find(separator, begin), text.size());
+        parts.push_back(text.substr(begin, end - begin));
+        begin = end + separator.size();
+    }
+    return parts;
+}
+
+void replaceAll(std::string& text, const std::string& part, const std::string& other)
+{
+    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + other.size())) {
+        text.replace(at, part.size(), other);
+    }
 }
 
 int countLines(const std::string& text, const std::string& part)

@@ -61,6 +61,14 @@ std::string lines(const std::string& raw);
 /** The block that a failure adds to the error log. */
 std::string errorBlock(const std::string& function, const std::string& text);
 
+using Lines = std::vector<std::string>;
+
+/** The parts of a text between separators; none of an empty text. */
+Lines split(const std::string& text, const std::string& separator);
+
+/** Puts `other` in the place of every `part`. */
+void replaceAll(std::string& text, const std::string& part, const std::string& other);
+
 /** How many lines of `text` contain `part`. */
 int countLines(const std::string& text, const std::string& part = "");
 

@@ -84,8 +84,9 @@ public:
     /** Ends the call; the code to return. */
     int code();
 
-private:
     static Handle* find(const void* handle);
+
+private:
     void violation(const std::string& what) const { state().violation(call_.function + ": " + what); }
     bool handsOver() const;
 

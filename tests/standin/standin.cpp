@@ -96,6 +96,12 @@ std::string violations()
     return state().violations;
 }
 
+std::string nameOf(const void* handle)
+{
+    const Handle* const known = CallRecorder::find(handle);
+    return known != nullptr ? known->name : "null";
+}
+
 void noteLeaks(std::initializer_list<const void*> held)
 {
     for (const auto& handle : state().handles) {

@@ -100,6 +100,8 @@ void failLastCall(std::vector<Message> messages);
  * handle overwritten, a null text passed, a record or message asked for that does not exist.
  */
 std::string violations();
+/** The name of a handle that was handed out; "null" of a null one. */
+std::string nameOf(const void* handle);
 /** Notes every live handle that is none of `held` as leaked. */
 void noteLeaks(std::initializer_list<const void*> held);
 
