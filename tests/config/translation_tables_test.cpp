@@ -61,7 +61,9 @@ TEST_F(TranslationTables, AreReadByTheSitesName)
     }).tell(R"(
 XlatRead:
 2 @-----Start---- What=colour.
-defaults 2
+2 @- Calling DefaultRead for @.
+2 DefaultRead-----Start------------------------------.
+2 @- rc(DefaultRead)=2.
 5 @- unit=UNIT_TAB.
 5 @- colour=COLOUR_TAB.
 5 @-     XlatName=COLOUR_TAB.
@@ -92,7 +94,9 @@ TEST_F(TranslationTables, ANameWithoutATableIsToldAndIsNoError)
     }).tell(R"(
 XlatRead:
 2 @-----Start---- What=colour.
-defaults 1
+2 @- Calling DefaultRead for @.
+2 DefaultRead-----Start------------------------------.
+2 @- rc(DefaultRead)=1.
 5 @- Colour=COLOUR_TAB.
 0 @-     What=colour.
 0 @-     XlatName=UNDEFINED.
