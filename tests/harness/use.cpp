@@ -124,7 +124,8 @@ private:
             addBlock("each name: > QV_Subscribe_Object_Attr(obj, \"<name>\") = 0", {});
         } else if (verb == "select" || verb == "order") {
             for (const std::string& path : split(text, ", ")) {
-                lines_.push_back(verb + ' ' + path);
+                lines_.push_back(verb);
+                lines_.back().append(" ").append(path);
             }
         } else if (verb == "tell") {
             addStory(Use::parse(text));
