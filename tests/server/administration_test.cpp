@@ -31,7 +31,7 @@ protected:
         EXPECT_EQ(QV_Open_Env(), 0);
         EXPECT_EQ(QV_Logon("jdoe", "secret", reserved.data(), reserved.data()), 0);
     }
-    ~AdministrationTest() override { QV_Close_Env(); }
+    void TearDown() override { QV_Close_Env(); }
 
     static int saveChange(const std::string& id, const std::string& text = "")
     {

@@ -155,7 +155,7 @@ void lookAtSharedDefaults(Findings& findings)
     if (const auto path = velrzm::sharedDefaultsPath()) {
         lookAtDefaults(findings, "shared defaults", *path);
     } else {
-        findings.bad("shared defaults", directory,
+        findings.bad("shared defaults", directory == nullptr ? "" : directory,
                      "makes the path of the file longer than " + std::to_string(velrzm::longestDefaultsPath) +
                          " characters, and the library skips it; set RZM_DEFAULT_DIRECTORY to a shorter one");
     }
