@@ -8,9 +8,9 @@
 #include <velrzm/vel_types.h>
 
 /**
- * Creates a document and checks its first version in, with the site's defaults for "DocumentCreateCheckIn",
- * which are set last. The server gives the document its number. The current result is the new document
- * version.
+ * Creates a document with the revision number "1" and checks its first version in, with the site's defaults for
+ * "DocumentCreateCheckIn", which are set last. The server gives the document its number. The current result is the new
+ * document version.
  *
  * @param ecNumber the change that controls the document, turned to upper case in place; null or "" for none.
  * @param documentTitle the title; turned to upper case in place.
@@ -22,10 +22,11 @@ VELRZM_API int DocumentCreateCheckIn(char* ecNumber, char* documentTitle, char* 
                                      char** attributeNames);
 
 /**
- * Checks a document version out of the vault to the user, with the site's defaults for "DocumentCheckOut".
- * The current result is the document version.
+ * Checks a document version out of the vault to the user: opens it, sets the site's defaults for "DocumentCheckOut" and
+ * checks it out. The current result is the document version.
  *
- * @param dbObjectId the database identifier of the version; when empty, the number and revision identify it.
+ * @param dbObjectId the database identifier of the version; when empty, the number and revision identify it. Not
+ * changed.
  * @param documentNumber the document number; turned to upper case in place.
  * @param revisionNumber the revision number, not changed.
  * @param attributeNames null-terminated array of the attributes to read back, the first 50 by number as well.
@@ -34,31 +35,35 @@ VELRZM_API int DocumentCreateCheckIn(char* ecNumber, char* documentTitle, char* 
 VELRZM_API int DocumentCheckOut(char* dbObjectId, char* documentNumber, char* revisionNumber,
                                 char** attributeNames);
 /**
- * Checks a checked-out document version in again, with the defaults for "DocumentCheckIn"; see
+ * Checks in a document version that was checked out, with the defaults for "DocumentCheckIn"; otherwise like
  * DocumentCheckOut.
  */
 VELRZM_API int DocumentCheckIn(char* dbObjectId, char* documentNumber, char* revisionNumber,
                                char** attributeNames);
-/** Gives a check-out up, with the defaults for "DocumentCancelCheckOut"; see DocumentCheckOut. */
+/** Cancels a check-out, with the defaults for "DocumentCancelCheckOut"; otherwise like DocumentCheckOut. */
 VELRZM_API int DocumentCancelCheckOut(char* dbObjectId, char* documentNumber, char* revisionNumber,
                                       char** attributeNames);
 
 /**
- * Makes the next revision of a document, gives it its title and the calling system's identifier and puts it
- * under the control of an engineering change, or of none. When that change controls the base revision too,
- * the base revision is released from it. The site's defaults for "DocumentMakeNewRevision" are set on the
- * base revision, which is also the current result.
+ * Makes the next revision of a document, gives it its title and the calling system's identifier, and puts it under the
+ * control of an engineering change or of none. When the same change controls the base revision, the base revision is
+ * released from it. A failure after the revision was made leaves it in the vault, without what the failed step and
+ * those after it would have set.
  *
- * @param ecNumber the change that controls the new revision; null or "" for none.
- * @param documentNumber the document number, at most 49 characters; turned to upper case in place.
+ * The current result is the base revision, record 0, on which the site's defaults for "DocumentMakeNewRevision" are set.
+ * `entries`, however, is the number of the document's versions, or -1 when these were not listed.
+ *
+ * @param ecNumber the change that controls the new revision, not changed; null or "" for none.
+ * @param documentNumber the document number, at most 49 characters; a longer one is refused. Turned to upper case in place.
  * @param revisionNumber the number of the base revision.
  * @param newRevDocumentTitle the title of the new revision.
  * @param systemPartnerOid the identifier of the document in the calling system.
- * @param attributeNames null-terminated array of the attributes of the base revision to read back.
+ * @param attributeNames null-terminated array of the attributes of the base revision to read back, the first 50 by
+ * number as well.
  * @param newRevisionNumber receives the number of the new revision; must hold QV_MAX_VALUE_LENGTH + 1
  * characters. Written as soon as the new revision is found, also when a later step fails.
  * @param newDbObjectId receives its database identifier, likewise.
- * @return 1 when the new revision was made and stored, else 0. Not `entries`, as other operations return.
+ * @return 1 when the new revision was made and stored, else 0.
  */
 VELRZM_API int DocumentMakeNewRevision(char* ecNumber, char* documentNumber, char* revisionNumber,
                                        char* newRevDocumentTitle, char* systemPartnerOid,
@@ -68,10 +73,10 @@ VELRZM_API int DocumentMakeNewRevision(char* ecNumber, char* documentNumber, cha
  * Puts a document revision under the control of an engineering change. The current result is the revision.
  * The site's defaults for "DocumentMakeECControlled" are written to the access log and not set.
  *
- * @param ecNumber the controlling change; turned to upper case in place.
+ * @param ecNumber the controlling change; an empty one is set as well. Turned to upper case in place.
  * @param documentNumber the document number; turned to upper case in place.
  * @param revisionNumber the revision number.
- * @param documentTitle the title, for the trace and the log only.
+ * @param documentTitle the title, written to the trace and the access log only.
  * @param attributeNames null-terminated array of the attributes to read back, the first 50 by number as well.
  * @return 1 when the revision was stored under change control, else 0.
  */
@@ -90,10 +95,12 @@ VELRZM_API int DocumentOpen(char* documentNumber, char* revisionNumber,
                             VELListValVELUnicodeString& attributeNames);
 
 /**
- * Lists the versions of a document in the order of their revisions; the last record is the latest. The
- * current result is the list; read "doc_revision@doc_rev_num" of record `entries` - 1.
+ * Lists the versions of a document in the order of their revisions; the last record is the latest version of the latest
+ * revision. The current result is the list, with "doc_revision@doc_number" and "doc_revision@doc_rev_num" of each
+ * version and nothing to read by number. Read the number of record `entries` - 1.
  *
- * @param documentNumber the document number as it is stored, at most 49 characters; a missing one is refused.
+ * @param documentNumber the document number as it is stored, at most 49 characters; a longer one is refused. So is a
+ * missing one, which leaves the current result as it was, but for `entries`.
  * @return the number of versions; 0 when there are none or on failure.
  */
 VELRZM_API int DocumentGetLastRevision(const char* documentNumber);

@@ -8,11 +8,11 @@
 #include <velrzm/vel_types.h>
 
 /**
- * Stores a new engineering change, with the site's defaults for "EngineeringChangeCreate". The current result
- * is the stored change; read its identifier with GetValue(0, "db_object_id", ...). The selected attributes
- * stay what they were.
+ * Stores a new engineering change, with the site's defaults for "EngineeringChangeCreate"; the arguments are set after
+ * them. The current result is the stored change; read its identifier with GetValue(0, "db_object_id", ...). The
+ * selected attributes stay what they were. No argument is changed.
  *
- * @param ecNumber the change number; stored in upper case, the argument is not changed.
+ * @param ecNumber the change number; stored in upper case.
  * @param ecName what the change is about.
  * @param securityLevel security level code; left out when empty.
  * @param securityCategory security category code; left out when empty.
@@ -29,7 +29,7 @@ VELRZM_API int EngineeringChangeCreate(const VELUnicodeString& ecNumber, const V
 /**
  * Opens a stored engineering change. The current result is the change, with the named attributes.
  *
- * @param dbObjectId the database identifier; when empty, the change is found by its number.
+ * @param dbObjectId the database identifier; when empty, the change is found by its number. Not changed.
  * @param ecNumber the change number as it is stored; not turned to upper case.
  * @param attributeNames null-terminated array of the attributes to read back, the first 50 by number as well.
  * @return 1 when the change was found and opened, else 0.
@@ -37,8 +37,8 @@ VELRZM_API int EngineeringChangeCreate(const VELUnicodeString& ecNumber, const V
 VELRZM_API int EngineeringChangeOpen(char* dbObjectId, char* ecNumber, char** attributeNames);
 
 /**
- * Records that an engineering change acts on an item, with the site's defaults for "AffectedItemCreate". The
- * current result is the stored record.
+ * Records that an engineering change acts on an item, with the site's defaults for "AffectedItemCreate", which are set
+ * last. The current result is the stored record.
  *
  * @param ecNumber the change number; turned to upper case in place.
  * @param itemNumber the item number; turned to upper case in place.
@@ -53,12 +53,13 @@ VELRZM_API int AffectedItemCreate(char* ecNumber, char* itemNumber, char* action
  * Lists the items that an engineering change affects, sorted by revision level and item number. The current
  * result is the list.
  *
- * @param ecDbObjectId the database identifier of the change, at most 57 characters; a missing one is refused.
+ * @param ecDbObjectId the database identifier of the change, at most 57 characters; a missing or longer one is
+ * refused. Not changed.
  * @param attributeNames null-terminated array of the attributes to read back, the first 50 by number as well.
  * @return the number of affected items; 0 when there are none or on failure.
  *
  *     char id[QV_MAX_VALUE_LENGTH + 1];
- *     GetValue(0, "db_object_id", id);                  // of the change that was just opened
+ *     GetValue(0, "db_object_id", id);                  // selected when the change was opened
  *     char* names[] = {itemNumberPath, nullptr};
  *     const int count = AffectedItemQuery(id, names);
  */

@@ -8,10 +8,9 @@
 #include <velrzm/vel_types.h>
 
 /**
- * Makes sure that an item has a bill-of-material header at an engineering change: opens it and, when there is
- * none, stores one with the site's defaults for "BomHeaderCreate". The failed open is then reported like any
- * failure. The current result is the header, with "db_object_id" when it was there, with the named attributes
- * when it is new.
+ * Makes sure that an item has a bill-of-material header at an engineering change: opens it and, when that fails, stores
+ * one with the site's defaults for "BomHeaderCreate", which are set last. The failed open is reported like any failure.
+ * The current result is the header: with "db_object_id" when it was there, with the named attributes when it is new.
  *
  * @param ecNumber the change number; turned to upper case in place.
  * @param itemNumber the item number; turned to upper case in place.
@@ -21,10 +20,11 @@
 VELRZM_API int BomHeaderCreate(char* ecNumber, char* itemNumber, char** attributeNames);
 
 /**
- * Explodes a bill of material. The current result is the list of its lines, depth first.
+ * Explodes a bill of material. The current result is the list of its lines; from the local server they come depth first.
  *
- * @param parameterNames null-terminated array of report parameters. The local server takes "item_number" (the
- * top item), "ec_number" (lines of this change only) and "max_level".
+ * @param parameterNames null-terminated array of report parameters. The local server takes "item_number" (the top item,
+ * required), "ec_number" (lines of this change only) and "max_level" (1 for the lines of the top item alone; every level
+ * when it is 0 or missing). "itm_doc_str" is always set to "*", after these.
  * @param parameterValues their values, at the same places, as many as there are names; a null value counts as
  * "".
  * @param attributeNames null-terminated array of the attributes to read back, the first 50 by number as well.
@@ -71,8 +71,9 @@ VELRZM_API int ComponentDelete(char* dbObjectId, char* ecNumber, char* itemNumbe
 VELRZM_API int ComponentOpen(char* dbObjectId, char* ecNumber, VELListValVELUnicodeString& attributeNames);
 
 /**
- * Stores the calling system's cross-reference of a component line. A line has at most one; that it is already
- * stored is reported, told by a warning, and counts as success. The current result is the reference. No
+ * Stores the calling system's cross-reference of a component line. A line has at most one: when it has one already, that
+ * one stays as it is, the failed save is reported, a warning with the arguments is written to standard output (trace
+ * level 0), and the operation succeeds, with `QV_RC` 0. The current result is the object that was to be stored. No
  * argument is changed.
  *
  * @param ecNumber the change under which the line is valid.
@@ -81,7 +82,7 @@ VELRZM_API int ComponentOpen(char* dbObjectId, char* ecNumber, VELListValVELUnic
  * @param componentSequenceNumber the line's number on the parent.
  * @param componentReferenceXref the cross-reference.
  * @param attributeNames null-terminated array of the attributes to read back, the first 30 by number as well.
- * @return 1 when the reference was stored now or before, else 0.
+ * @return 1 when the reference was stored, now or before; else 0.
  */
 VELRZM_API int ComponentReferenceSave(char* ecNumber, char* itemNumber, char* componentItemNumber,
                                       char* componentSequenceNumber, char* componentReferenceXref,

@@ -61,7 +61,7 @@ int QV_Create_Object(QV_ObjectHandle* object, const char* className);
 int QV_Destroy_Object(QV_ObjectHandle* object);
 /** Sets the attribute `path` of the object to `value`: a key or a field for a later open, save or delete. */
 int QV_Set_Object_Attr(QV_ObjectHandle object, const char* path, const char* value);
-/** Asks that the next open or save fetch the value of the attribute `path`. */
+/** Asks that the next open, save or document call fetch the value of the attribute `path`. */
 int QV_Subscribe_Object_Attr(QV_ObjectHandle object, const char* path);
 /** Finds the object whose keys were set and loads the subscribed attributes. */
 int QV_Open_Object(QV_ObjectHandle object);
@@ -72,7 +72,7 @@ int QV_Open_Object(QV_ObjectHandle object);
 int QV_Save_Object(QV_ObjectHandle object);
 /** Deletes the object that the attributes identify. */
 int QV_Delete_Object(QV_ObjectHandle object);
-/** Points `*value` at the text of the attribute `path`. */
+/** Points `*value` at the text of the attribute `path`, which was set, or was subscribed and has been fetched. */
 int QV_Get_Object_Attr(QV_ObjectHandle object, const char* path, const char** value);
 
 // ---- Lists ----

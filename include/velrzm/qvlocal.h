@@ -5,8 +5,8 @@
 //
 // Conventions:
 //  1. A store is named by its location, "sqlite:" and the path of its file.
-//  2. Every function reports a failure by throwing StoreError, whose text says what is wrong and what to do;
-//     nothing is changed then.
+//  2. A function that fails throws StoreError, whose text says what is wrong and what to do; the store is not changed
+//     then.
 //  3. The functions need no logon. Whoever may write the file administers the store.
 #ifndef VELRZM_QVLOCAL_H
 #define VELRZM_QVLOCAL_H
@@ -29,52 +29,57 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/** The user's own store: "velrzm/store.db" in the user's data directory ("$XDG_DATA_HOME", "~/.local/share").
+/**
+ * The location of the user's own store: "velrzm/store.db" in the directory that XDG_DATA_HOME names, else in
+ * "~/.local/share".
  */
 VELRZM_API std::string defaultStore();
 
-/** The store that a logon uses: what the environment variable QV_STORE names, else `defaultStore()`. */
+/** The location of the store that a logon uses: what the environment variable QV_STORE names, else `defaultStore()`. */
 VELRZM_API std::string currentStore();
 
 /**
- * Makes a store and its first user. Folders on the way are made as well; what is already there is refused.
+ * Makes a store and its first user, and the folders on the way to it. Anything that is there already is refused.
  *
  *     qvlocal::initializeStore(qvlocal::currentStore(), "jdoe", password);
  */
 VELRZM_API void initializeStore(const std::string& location, const std::string& user,
                                 const std::string& password);
 
-/** Fails as initializeStore would when something is already there; for asking before a password is asked for. */
+/** Fails as initializeStore would when something is there already; to find that out before asking for a password. */
 VELRZM_API void requireNoStore(const std::string& location);
 
 /** What a store is and holds. */
 struct StoreSummary {
-    std::int64_t formatVersion; // of the form in which objects are kept
-    std::uintmax_t bytes;       // that everything takes
+    std::int64_t formatVersion; // of the tables in the file
+    std::uintmax_t bytes;       // of all its files
     std::size_t users;
-    std::vector<std::pair<std::string, std::size_t>> objects; // how many of each class, every class named
+    std::vector<std::pair<std::string, std::size_t>> objects; // every class, and how many of it are stored
 };
 
-/** Looks at a store. */
+/** Counts what a store holds. */
 VELRZM_API StoreSummary summarizeStore(const std::string& location);
 
 /** Whether a file that is already there is replaced. */
 enum class Replace { No, Yes };
 
-/** Told how many bytes of how many are copied. What it throws ends the copying and reaches the caller. */
+/**
+ * Told how many bytes of how many are copied. What it throws ends the copying and reaches the caller, a std::exception
+ * as a StoreError with its text.
+ */
 using BackupProgress = std::function<void(std::uintmax_t done, std::uintmax_t total)>;
 
 /**
- * Writes a copy of a store to `file`, where it is a store of its own with the same users. It holds what was
- * committed when the copying began; others go on reading and writing meanwhile. The copy appears as a whole,
- * on the disk, or not at all.
+ * Writes a copy of a store to `file`, where it is a store of its own with the same users. It holds what was committed
+ * when the copying began; others go on reading and writing meanwhile. `file` appears when the copy is complete and on
+ * the disk, or not at all.
  *
  *     qvlocal::backUpStore(qvlocal::currentStore(), "/backup/parts.db", qvlocal::Replace::Yes);
  */
 VELRZM_API void backUpStore(const std::string& location, const std::string& file,
                             Replace replace = Replace::No, const BackupProgress& progress = {});
 
-/** Adds a user who is not there yet. */
+/** Adds a user; a user of that name is refused. The name has 1 to 255 characters. */
 VELRZM_API void addUser(const std::string& location, const std::string& user, const std::string& password);
 
 /** Removes a user; the objects that the user saved stay. */
@@ -97,12 +102,12 @@ VELRZM_API bool isAttributePath(const std::string& path);
  * Loads the options of products from a CSV file with the columns "product", "feature" and "variant". Such a
  * file:
  *  - begins with a line that names its columns, in any order; a byte order mark before it does no harm;
- *  - has fields that are separated by commas; one that holds commas, line breaks or quotes stands in double
- * quotes, with quotes inside it doubled;
- *  - holds everything about the products that it names: what the store had of them is replaced, what it has
- * of others stays. So a file can be corrected and loaded again;
- *  - is loaded as a whole or not at all. The first wrong row is refused with file, line and reason; wrong are
- * another number of fields, an empty field, one that is too long, and a row that the file has already.
+ *  - has fields separated by commas; a field that holds commas, line breaks or double quotes is put in double quotes,
+ * and those inside it are doubled;
+ *  - holds everything about the products that it names: it replaces what the store has of them, and leaves other products
+ * alone. So a file can be corrected and loaded again;
+ *  - is loaded as a whole or not at all. The failure names file, line and reason of the first wrong row: one with another
+ * number of fields, with a field that is empty or too long, or that the file has already.
  *
  * @return the number of rows that were loaded.
  */
