@@ -45,7 +45,7 @@ DefaultsEntry entryOn(std::string_view piece, std::string_view rest)
     return entry;
 }
 
-/** A quick look at whether a line can be one of the operation, before it is split into words. */
+/** Whether a line can be one of the operation; most are not, and splitting them into words would take long. */
 bool canBeOf(std::string_view line, std::string_view operation)
 {
     while (!line.empty() && (line.front() == ' ' || line.front() == '\t' || line.front() == '\r')) {

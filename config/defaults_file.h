@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// The form of the defaults files, for all that read them: DefaultRead and the command. Nothing here depends on
+// The format of the defaults files, for both that read them: DefaultRead and the command. Nothing here depends on
 // the state of the library.
 #ifndef VELRZM_CONFIG_DEFAULTS_FILE_H
 #define VELRZM_CONFIG_DEFAULTS_FILE_H
@@ -19,10 +19,10 @@ constexpr std::size_t longestDefaultsPath = 255;
 /** The path of the shared file, in the directory that RZM_DEFAULT_DIRECTORY names; none when it is too long. */
 std::optional<std::string> sharedDefaultsPath();
 
-/** A longer line, without its line feed, is read in pieces of so many characters, each a line of its own. */
+/** A line with more characters, not counting its line feed, is read in pieces of this size, each as a line. */
 constexpr std::size_t longestDefaultsLine = 63;
 
-/** The words of a line, or of a piece of a longer one; a word that is missing is an empty text. */
+/** The words of a line, or of a piece of a line that is too long; a missing word is an empty text. */
 struct DefaultsEntry {
     std::string operation;
     std::string name;
@@ -31,7 +31,7 @@ struct DefaultsEntry {
     int line = 0;               // from 1; the pieces of a line share its number
     bool hasFourthWord = false; // which is not used
     bool isPiece = false;
-    bool isCut = false; // one of the three words goes on, or comes, in the next piece
+    bool isCut = false; // a part of the three words is in the next piece
     bool hasCarriageReturn = false;
 };
 
@@ -39,7 +39,7 @@ struct DefaultsEntry {
 std::optional<std::vector<DefaultsEntry>> readDefaultsFile(const std::string& path,
                                                            const char* operation = nullptr);
 
-/** Lets each entry of the local file replace the first shared one of its name, or be added where there is none. */
+/** Merges the local entries into the shared ones: each replaces the first of its name, or is added at the end. */
 void overrideDefaults(std::vector<DefaultsEntry>& shared, const std::vector<DefaultsEntry>& local);
 
 } // namespace velrzm

@@ -14,7 +14,7 @@ namespace {
 constexpr const char* startLine = "-----Start-------------------------------------";
 constexpr const char* exitLine = "-----Exit--------------------------------------";
 
-/** Whether the site has switched multi-saves off; the operation then only says so. */
+/** Whether the site has switched multi-saves off, which is then written to the access log. */
 bool switchedOff(const Operation& op)
 {
     const char* const value = std::getenv("QV_MULTI_SAVE");

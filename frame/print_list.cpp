@@ -52,8 +52,7 @@ VELUnicodeString insideBrackets(char* field)
     return inside == nullptr ? "" : inside;
 }
 
-/** Splits "<word> [name] = [value]" in `buf`; the names stand in every object and are taken from the first.
- */
+/** Splits "<word> [name] = [value]" in `buf`; every object has the names, and those of the first are kept. */
 void readAttribute()
 {
     token = nextWord(true);
@@ -106,7 +105,7 @@ int readObject()
     return 1;
 }
 
-/** An object that was read in part only counts as not read. */
+/** An object that was read only in part counts as not read. */
 int withoutObject()
 {
     _AttrValues.RemoveAll();

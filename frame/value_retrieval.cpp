@@ -22,7 +22,7 @@ constexpr const char* blanks = "     ";
 constexpr const char* separator = "     -----------------";
 constexpr const char* noRecord = "****** ERROR ****** Invalid QV_ObjPtr handle ******";
 constexpr int slots = sizeof SelectedAttribute / sizeof SelectedAttribute[0];
-/** For the callers that give no size: theirs is the duty to have room. */
+/** The size of a buffer whose size the caller does not give. */
 constexpr std::size_t unlimited = std::numeric_limits<std::size_t>::max();
 
 /** A buffer of the caller. */
@@ -62,7 +62,7 @@ bool inRange(int number, int end) noexcept
     return number >= 0 && number < end;
 }
 
-/** Makes QV_ObjPtr the object of the record; tells whether there is one. */
+/** Makes QV_ObjPtr the object of the record; returns whether there is one. */
 bool loadRecord(const char* prefix, int recNo)
 {
     if (recNo != LastRecNo) {
@@ -81,7 +81,7 @@ bool loadRecord(const char* prefix, int recNo)
     return false;
 }
 
-/** The server's code is not examined: what it hands back is the value, and nothing is an empty one. */
+/** The value that the server hands back, whatever its code; empty when it hands back none. */
 const char* readAttribute(const char* name)
 {
     const char* value = nullptr;
@@ -156,7 +156,7 @@ int getAttributeValue(int recNo, int attNo, const Buffer& name, const Buffer& va
     return 1;
 }
 
-/** A reading was broken off: which record QV_ObjPtr holds is not known any more. */
+/** The reading was broken off, so it is not known any more which record QV_ObjPtr holds. */
 int nothingRead(std::initializer_list<Buffer> buffers) noexcept
 {
     for (const Buffer& buffer : buffers) {
