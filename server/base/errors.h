@@ -27,6 +27,7 @@ enum class Failure : int {
     NotLoaded = -115,                  // an attribute that was not subscribed or selected, or not loaded yet
     NotOpen = -116,                    // a list or a document that was not opened
     NotAvailable = -117,               // a call that this server does not serve
+    TooManyRows = -118,                // a report of more rows than this server makes
     EnvironmentNotOpen = -120,         // the client environment is not open
     NotLoggedOn = -121,                // nobody is logged on
     LogonRefused = -122,               // wrong user or wrong password

@@ -7,7 +7,6 @@
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -30,12 +29,6 @@ inline std::string_view withoutTrailingBlanks(std::string_view value) noexcept
 inline bool sameText(std::string_view left, std::string_view right) noexcept
 {
     return withoutTrailingBlanks(left) == withoutTrailingBlanks(right);
-}
-
-/** The same number for the same text, blank-padded. */
-inline std::uint32_t hashOf(std::string_view value) noexcept
-{
-    return static_cast<std::uint32_t>(std::hash<std::string_view>()(withoutTrailingBlanks(value)));
 }
 
 /** What `textOf` makes of each element of `range`, with `separator` in between. */

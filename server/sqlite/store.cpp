@@ -255,9 +255,10 @@ std::shared_ptr<const Rows> SqliteStore::select(const Query& query)
     return rows;
 }
 
-std::unique_ptr<Lookup> SqliteStore::lookup(Query query, std::string_view path)
+std::vector<Match> SqliteStore::selectForEach(const Query& query, std::string_view path,
+                                              const std::vector<std::string_view>& values, Rows& rows)
 {
-    return std::make_unique<SqliteLookup>(database_, std::move(query), path);
+    return lookUp(database_, query, path, values, rows);
 }
 
 std::int64_t SqliteStore::count(const Class& objectClass)

@@ -38,7 +38,8 @@ public:
     void remove(const Class& objectClass, std::int64_t id) override;
     Values values(const Class& objectClass, std::int64_t id) override;
     std::shared_ptr<const Rows> select(const Query& query) override;
-    std::unique_ptr<Lookup> lookup(Query query, std::string_view path) override;
+    std::vector<Match> selectForEach(const Query& query, std::string_view path,
+                                     const std::vector<std::string_view>& values, Rows& rows) override;
     std::int64_t count(const Class& objectClass) override;
 
     std::int64_t formatVersion() const override;

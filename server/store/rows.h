@@ -8,13 +8,12 @@
 #include <cstddef>
 #include <deque>
 #include <map>
+#include <memory_resource>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
-
-#include "server/base/arena.h"
 
 namespace qvserver {
 
@@ -75,7 +74,7 @@ public:
     }
 
 private:
-    Arena memory_; // of the rows, each with its texts behind it
+    std::pmr::monotonic_buffer_resource memory_; // of the rows, each with its texts behind it
     std::map<std::string, std::size_t, std::less<>> columns_;
     std::size_t width_;
     std::pmr::deque<Row> rows_{&memory_};

@@ -23,29 +23,10 @@ enum class Access { Read, Write };
 /** Whether a change of an object counts as a save of it. */
 enum class Count { Save, Nothing };
 
-/**
- * A query that is asked for many values of one attribute, in the order that costs least: many values at once cost
- * less than one after the other. It belongs in one transaction.
- */
-class Lookup {
-public:
-    /** Told that a value, by its key, has the rows from `firstRow` on, and the ids of their objects. */
-    using Answer =
-        std::function<void(std::uint32_t key, std::size_t firstRow, const std::vector<std::int64_t>& ids)>;
-
-    Lookup() = default;
-    Lookup(const Lookup&) = delete;
-    Lookup& operator=(const Lookup&) = delete;
-    virtual ~Lookup() = default;
-
-    /** Told how many values there are to look for. With many it pays to read first which ones are stored. */
-    virtual void expect(std::size_t values) = 0;
-    /** False when no value with that `hashOf` is stored: it need not be asked for. */
-    virtual bool mayFind(std::uint32_t hash) const noexcept = 0;
-    /** Takes a value to look for. It must stay where it is until it is found. */
-    virtual void ask(std::string_view value, std::uint32_t key) = 0;
-    /** Appends to `rows` what is found for the values asked for, and tells of each one that has something. */
-    virtual void find(Rows& rows, const Answer& answer) = 0;
+/** Which of several values a row was found for, and the id of its object. */
+struct Match {
+    std::size_t value;
+    std::int64_t id;
 };
 
 /** Called with the numbers of bytes copied and in all; it may throw to end the copying. */
@@ -82,10 +63,12 @@ public:
     /** The rows of a query; they do not change with the store. */
     virtual std::shared_ptr<const Rows> select(const Query& query) = 0;
     /**
-     * `query`, without an order, among the objects that have a value of the attribute `path`. Its transaction
-     * must be open: one for each question would cost more than the answer.
+     * Carries out `query`, without its order, for each of `values` of the attribute `path`: all values in one trip to the
+     * database. The values must be sorted, different from one another and without trailing blanks. Appends the rows to
+     * `rows`, those of each value adjacent, the values in their order; returns a match for each row appended.
      */
-    virtual std::unique_ptr<Lookup> lookup(Query query, std::string_view path) = 0;
+    virtual std::vector<Match> selectForEach(const Query& query, std::string_view path,
+                                             const std::vector<std::string_view>& values, Rows& rows) = 0;
     /** How many objects of a class are stored. */
     virtual std::int64_t count(const Class& objectClass) = 0;
 

@@ -3,7 +3,8 @@
 
 #include <algorithm>
 #include <map>
-#include <memory>
+#include <set>
+#include <utility>
 
 #include "server/base/errors.h"
 
@@ -16,48 +17,51 @@ std::string itemAt(const Values& values, std::string_view path)
     return std::string(withoutTrailingBlanks(valueOf(values, path)));
 }
 
-/** A search through the structure from one item, down to its components or up to where it is used. */
+/** A search through the structure from one item, level by level: down to its components, or up to where it is used. */
 class Search {
 public:
-    Search(Store& store, const Class& lines, std::string start, std::string_view from, std::string_view to)
-        : lookup_(store.lookup({&lines, {std::string(to)}}, from)), to_(to), found_({std::move(start)})
-    {
-        cameFrom_.emplace(found_.front(), "");
-    }
+    /** The lines lead from the attribute `from` to the attribute `to`. */
+    Search(Store& store, const Class& lines, const std::string& start, std::string_view from,
+           std::string_view to)
+        : store_(store), query_({&lines, {std::string(to)}}), from_(from), start_(start), level_({start}),
+          cameFrom_({{start, ""}})
+    {}
 
     bool hasFound(const std::string& item) const { return cameFrom_.count(item) != 0; }
-    bool isAtEnd() const { return next_ == found_.size(); }
+    /** How many items the last level has that were not found before; none when the search is at its end. */
+    std::size_t width() const noexcept { return level_.size(); }
 
-    /** Looks one item further. */
-    void advance()
+    void findNextLevel()
     {
-        const std::string item = found_[next_++];
-        Rows rows({to_});
-        lookup_->ask(item, 0);
-        lookup_->find(rows, [](auto&&...) {});
+        Rows rows(query_.select);
+        const std::vector<std::string_view> items(level_.begin(), level_.end());
+        const std::vector<Match> matches = store_.selectForEach(query_, from_, items, rows);
+        std::set<std::string> next;
         for (std::size_t row = 0; row < rows.size(); ++row) {
             std::string neighbour(withoutTrailingBlanks(rows.value(row, 0)));
-            if (cameFrom_.emplace(neighbour, item).second) {
-                found_.push_back(std::move(neighbour));
+            if (cameFrom_.emplace(neighbour, items[matches[row].value]).second) {
+                next.insert(std::move(neighbour));
             }
         }
+        level_ = std::move(next);
     }
 
     /** The items from `item` back to the start. */
     std::vector<std::string> wayBack(const std::string& item) const
     {
         std::vector<std::string> way = {item};
-        while (way.back() != found_.front()) {
+        while (way.back() != start_) {
             way.push_back(cameFrom_.at(way.back()));
         }
         return way;
     }
 
 private:
-    std::unique_ptr<Lookup> lookup_;
-    std::string to_;
-    std::vector<std::string> found_; // in the order in which they were found
-    std::size_t next_ = 0;
+    Store& store_;
+    Query query_;
+    std::string_view from_;
+    std::string start_;
+    std::set<std::string> level_;
     std::map<std::string, std::string> cameFrom_;
 };
 
@@ -71,16 +75,15 @@ void checkNoCycle(Store& store, const Class& objectClass, const Values& values)
     const auto& [parentPath, childPath] = *objectClass.structureLine;
     const std::string parent = itemAt(values, parentPath);
     const std::string child = itemAt(values, childPath);
-    // Both ways at once: a new part has nothing below it, a new assembly is used nowhere, so that one of the
-    // two searches is soon at its end, and that is enough to know.
+    // From both ends, each time where the level is smaller: below a new part there is nothing, a new assembly is used
+    // nowhere, and when one of the searches ends without meeting the other item, there is no cycle.
     Search down(store, objectClass, child, parentPath, childPath);
     Search up(store, objectClass, parent, childPath, parentPath);
     while (!down.hasFound(parent) && !up.hasFound(child)) {
-        if (down.isAtEnd() || up.isAtEnd()) {
+        if (down.width() == 0 || up.width() == 0) {
             return;
         }
-        down.advance();
-        up.advance();
+        (down.width() <= up.width() ? down : up).findNextLevel();
     }
     std::vector<std::string> items;
     if (down.hasFound(parent)) {
@@ -90,10 +93,10 @@ void checkNoCycle(Store& store, const Class& objectClass, const Values& values)
         items = up.wayBack(child);
     }
     items.insert(items.begin(), parent);
-    failOfCycle(items, "the component was not stored");
+    failWithCycle(items, "the component was not stored");
 }
 
-void failOfCycle(const std::vector<std::string>& items, std::string_view remedy)
+void failWithCycle(const std::vector<std::string>& items, std::string_view remedy)
 {
     std::string cycle;
     for (const std::string& item : items) {

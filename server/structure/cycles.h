@@ -15,7 +15,7 @@ namespace qvserver {
 void checkNoCycle(Store& store, const Class& objectClass, const Values& values);
 
 /** Fails with the cycle written out; `items` are the items on it, the first one once more at the end. */
-[[noreturn]] void failOfCycle(const std::vector<std::string>& items, std::string_view remedy);
+[[noreturn]] void failWithCycle(const std::vector<std::string>& items, std::string_view remedy);
 
 } // namespace qvserver
 

@@ -19,10 +19,8 @@ namespace {
 constexpr std::string_view topParameter = "item_number";
 constexpr std::string_view changeParameter = "ec_number";
 constexpr std::string_view maxLevelParameter = "max_level";
-constexpr std::array parameterNames = {
-    topParameter, changeParameter, maxLevelParameter,
-    std::string_view("itm_doc_str"), // which documents to show with the items; a structure has none
-};
+constexpr std::string_view documentsParameter =
+    "itm_doc_str"; // which documents to show; a structure has none
 
 constexpr std::string_view levelColumn = "level";
 
@@ -46,89 +44,80 @@ std::string_view linePath(std::string_view column)
 
 std::size_t levelLimit(std::string_view text)
 {
-    if (withoutTrailingBlanks(text).empty()) {
-        return 0;
-    }
-    const auto number = parseNumber(text);
+    const auto number = withoutTrailingBlanks(text).empty() ? ParsedNumber(0) : parseNumber(text);
     const auto* const whole = number ? std::get_if<std::int64_t>(&*number) : nullptr;
     if (whole == nullptr || *whole < 0) {
         fail(Failure::BadArgument, maxLevelParameter, '=', inQuotes(text),
-             " is no number of levels; give a whole number, 0 or nothing for all levels");
+             " is not a number of levels; give a whole number, 0 or nothing for all levels");
     }
-    return static_cast<std::size_t>(*whole);
+    return *whole == 0 ? ExplosionReport::allLevels : static_cast<std::size_t>(*whole);
 }
 
-/** Makes a row of each line and occurrence of a structure, depth first. */
+/** A row of the report takes 16 bytes; so many are far more than anybody reads, and far less than a machine has. */
+constexpr std::size_t mostRows = 10'000'000;
+
+/** A walk through a structure, depth first, over each occurrence of each line. */
 class Walk {
 public:
-    Walk(const Structure& structure, ExplosionRows& rows)
-        : structure_(structure), rows_(rows), isOnPath_(structure.size())
+    /** Does not go below the level `maxLevel`. */
+    Walk(const Structure& structure, std::size_t maxLevel)
+        : structure_(structure), maxLevel_(maxLevel), isOnPath_(structure.size())
     {}
 
-    void run(std::size_t maxLevel)
+    /** Calls `visit(line, level)`; fails when the structure contains itself. */
+    template <typename Visit>
+    void run(Visit visit)
     {
-        enter(Structure::top);
+        if (structure_.top() != Structure::leaf) {
+            enter(structure_.top());
+        }
         while (!path_.empty()) {
             Step& step = path_.back();
-            if (step.next == structure_.endOfLinesOf(step.item)) {
+            if (step.next == structure_.item(step.item).endOfLines) {
                 isOnPath_[step.item] = false;
                 path_.pop_back();
                 continue;
             }
             const Structure::Line& line = structure_.line(step.next++);
-            const bool isLeaf = line.item == Structure::leaf;
-            if (!isLeaf && isOnPath_[line.item]) {
-                failWithCycle(line.item);
+            const bool isLeaf = line.component == Structure::leaf;
+            if (!isLeaf && isOnPath_[line.component]) {
+                failAtCycle(line.component);
             }
-            addRow(line);
-            if (!isLeaf && (maxLevel == 0 || path_.size() < maxLevel)) {
-                enter(line.item);
+            visit(line, path_.size());
+            if (!isLeaf && path_.size() < maxLevel_) {
+                enter(line.component);
             }
         }
     }
 
 private:
-    /** An item on the way from the top down, and the line that comes next. */
+    /** An item on the path from the top, and its line that comes next. */
     struct Step {
         std::uint32_t item;
         std::uint32_t next;
     };
 
-    /** Goes down to an item, unless it has no lines. */
     void enter(std::uint32_t item)
     {
-        const std::uint32_t first = structure_.firstLineOf(item);
-        if (first != structure_.endOfLinesOf(item)) {
-            isOnPath_[item] = true;
-            path_.push_back({item, first});
-        }
+        isOnPath_[item] = true;
+        path_.push_back({item, structure_.item(item).firstLine});
     }
 
-    void addRow(const Structure::Line& line)
+    /** Fails because a line of the last item on the path leads to `item`, which is on the path as well. */
+    [[noreturn]] void failAtCycle(std::uint32_t item) const
     {
-        if (rows_.size() == static_cast<std::size_t>(std::numeric_limits<int>::max())) {
-            fail(Failure::BadArgument, "the structure of ", inQuotes(structure_.itemNumber(Structure::top)),
-                 " has more than ", rows_.size(), " rows, more than a list can hold; set ",
-                 maxLevelParameter);
-        }
-        rows_.append(line.values, path_.size());
-    }
-
-    /** `again` is on the path and the component of a line at its end. */
-    [[noreturn]] void failWithCycle(std::uint32_t again) const
-    {
-        std::vector<std::string> items;
+        std::vector<std::string> cycle;
         for (const Step& step : path_) {
-            if (step.item == again || !items.empty()) {
-                items.emplace_back(structure_.itemNumber(step.item));
+            if (step.item == item || !cycle.empty()) {
+                cycle.emplace_back(structure_.item(step.item).number);
             }
         }
-        items.push_back(items.front());
-        failOfCycle(items, "delete one of these components");
+        cycle.push_back(cycle.front());
+        failWithCycle(cycle, "delete one of these components");
     }
 
     const Structure& structure_;
-    ExplosionRows& rows_;
+    std::size_t maxLevel_;
     std::vector<bool> isOnPath_; // of each item
     std::vector<Step> path_;
 };
@@ -137,18 +126,17 @@ private:
 
 void ExplosionReport::set(std::string_view parameter, std::string_view value)
 {
-    if (std::find(parameterNames.begin(), parameterNames.end(), parameter) == parameterNames.end()) {
-        std::string names;
-        for (const std::string_view name : parameterNames) {
-            names.append(names.empty() ? "" : ", ").append(name);
-        }
+    if (parameter == topParameter) {
+        top_ = withoutTrailingBlanks(value);
+    } else if (parameter == changeParameter) {
+        change_ = withoutTrailingBlanks(value);
+    } else if (parameter == maxLevelParameter) {
+        maxLevel_ = levelLimit(value);
+    } else if (parameter != documentsParameter) {
         fail(Failure::BadArgument, "the report ", reportName, " has no parameter ", inQuotes(parameter),
-             "; it has: ", names);
+             "; it has: ", topParameter, ", ", changeParameter, ", ", maxLevelParameter, ", ",
+             documentsParameter);
     }
-    if (parameter == maxLevelParameter) {
-        levelLimit(value); // to refuse it here and not later
-    }
-    parameters_.insert_or_assign(std::string(parameter), std::string(value));
 }
 
 void ExplosionReport::subscribe(std::string_view path)
@@ -161,8 +149,7 @@ void ExplosionReport::subscribe(std::string_view path)
 
 std::shared_ptr<const RowSet> ExplosionReport::generate(Store& store) const
 {
-    const std::string_view top = withoutTrailingBlanks(valueOf(parameters_, topParameter));
-    if (top.empty()) {
+    if (top_.empty()) {
         fail(Failure::BadArgument, "the report ", reportName, " needs the parameter ", topParameter,
              ", the item to explode");
     }
@@ -175,8 +162,8 @@ std::shared_ptr<const RowSet> ExplosionReport::generate(Store& store) const
             lines.select.emplace_back(path);
         }
     }
-    if (const auto change = valueOf(parameters_, changeParameter); !withoutTrailingBlanks(change).empty()) {
-        lines.where.push_back(equals("il_ec_number", change));
+    if (!change_.empty()) {
+        lines.where.push_back(equals("il_ec_number", change_));
     }
     lines.relatedMayMiss = true;
 
@@ -185,15 +172,22 @@ std::shared_ptr<const RowSet> ExplosionReport::generate(Store& store) const
         column == levelColumn ? rows->addLevelColumn(column) : rows->addColumn(column, linePath(column));
     }
     Transaction transaction(store, Access::Read);
-    if (!exists(store, {&classNamed(classes::item), {}, {equals("logical_key@item_number", top)}})) {
-        fail(Failure::NotFound, "there is no item ", inQuotes(top), " to explode");
+    if (!exists(store, {&classNamed(classes::item), {}, {equals("logical_key@item_number", top_)}})) {
+        fail(Failure::NotFound, "there is no item ", inQuotes(top_), " to explode");
     }
-    const std::size_t maxLevel = levelLimit(valueOf(parameters_, maxLevelParameter));
-    const auto lookup = store.lookup(std::move(lines), columnNames[0].path);
-    Structure structure(top, *lookup, rows->lines());
-    structure.read(maxLevel);
-    Walk(structure, *rows).run(maxLevel);
+    const Structure structure(store, lines, top_, maxLevel_, rows->lines());
     transaction.commit();
+    Walk walk(structure, maxLevel_);
+    std::size_t count = 0;
+    walk.run([this, &count](const Structure::Line& /*line*/, std::size_t /*level*/) {
+        if (++count > mostRows) {
+            fail(Failure::TooManyRows, "the explosion of the item ", inQuotes(top_), " has more than ",
+                 mostRows, " rows; limit its levels with ", maxLevelParameter,
+                 ", or explode its components one by one");
+        }
+    });
+    rows->reserve(count);
+    walk.run([&rows](const Structure::Line& line, std::size_t level) { rows->append(line.values, level); });
     return rows;
 }
 

@@ -4,6 +4,8 @@
 #ifndef VELRZM_SERVER_STRUCTURE_EXPLOSION_H
 #define VELRZM_SERVER_STRUCTURE_EXPLOSION_H
 
+#include <cstddef>
+#include <limits>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -18,6 +20,7 @@ class ExplosionReport {
 public:
     static constexpr std::string_view className = "IndentedRetrievalStrmElm";
     static constexpr std::string_view reportName = "ExplosionRetrieval";
+    static constexpr std::size_t allLevels = std::numeric_limits<std::size_t>::max();
 
     /** Sets a parameter; fails when there is none of that name or it cannot have that value. */
     void set(std::string_view parameter, std::string_view value);
@@ -27,7 +30,9 @@ public:
     std::shared_ptr<const RowSet> generate(Store& store) const;
 
 private:
-    Values parameters_;
+    std::string top_;
+    std::string change_; // "" for lines of any change
+    std::size_t maxLevel_ = allLevels;
     std::vector<std::string> columns_;
 };
 

@@ -5,13 +5,6 @@
 
 namespace qvserver {
 
-namespace {
-
-/** Whose values are fetched into the processor's cache while a row is read. */
-constexpr std::size_t rowsAhead = 4;
-
-} // namespace
-
 void ExplosionRows::addColumn(std::string_view name, std::string_view lineColumn)
 {
     columns_.push_back({std::string(name), lines_.column(lineColumn).value()});
@@ -22,8 +15,7 @@ void ExplosionRows::append(Rows::Row line, std::size_t level)
     while (levels_.size() <= level) {
         levels_.push_back(std::to_string(levels_.size()));
     }
-    linesOfRows_.push_back(line);
-    levelsOfRows_.push_back(static_cast<std::uint32_t>(level));
+    occurrences_.push_back({line, static_cast<std::uint32_t>(level)});
 }
 
 std::optional<std::size_t> ExplosionRows::column(std::string_view path) const
@@ -38,14 +30,8 @@ std::optional<std::size_t> ExplosionRows::column(std::string_view path) const
 const char* ExplosionRows::value(std::size_t row, std::size_t column) const noexcept
 {
     const std::size_t lineColumn = columns_[column].lineColumn;
-    if (lineColumn == levelColumn) {
-        return levels_[levelsOfRows_[row]].c_str();
-    }
-    // Rows are mostly read one after the other, but their values lie in the order in which they were found.
-    if (row + rowsAhead < linesOfRows_.size()) {
-        __builtin_prefetch(linesOfRows_[row + rowsAhead]);
-    }
-    return linesOfRows_[row][lineColumn];
+    const Occurrence& occurrence = occurrences_[row];
+    return lineColumn == levelColumn ? levels_[occurrence.level].c_str() : occurrence.line[lineColumn];
 }
 
 } // namespace qvserver

@@ -1,19 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// The rows of an explosion. However often a line occurs, its values are kept once; an occurrence takes twelve
-// bytes.
+// The rows of an explosion. However often a line occurs, its values are kept once.
 #ifndef VELRZM_SERVER_STRUCTURE_EXPLOSION_ROWS_H
 #define VELRZM_SERVER_STRUCTURE_EXPLOSION_ROWS_H
 
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "server/base/arena.h"
 #include "server/store/rows.h"
 
 namespace qvserver {
@@ -30,10 +27,12 @@ public:
 
     /** The values of the lines. */
     Rows& lines() noexcept { return lines_; }
+    /** Makes room for so many rows. */
+    void reserve(std::size_t rows) { occurrences_.reserve(rows); }
     /** Appends an occurrence of a line, by the row of its values. */
     void append(Rows::Row line, std::size_t level);
 
-    std::size_t size() const noexcept override { return linesOfRows_.size(); }
+    std::size_t size() const noexcept override { return occurrences_.size(); }
     std::optional<std::size_t> column(std::string_view path) const override;
     const char* value(std::size_t row, std::size_t column) const noexcept override;
 
@@ -44,12 +43,14 @@ private:
         std::string name;
         std::size_t lineColumn;
     };
+    struct Occurrence {
+        Rows::Row line;
+        std::uint32_t level;
+    };
 
     Rows lines_;
     std::vector<Column> columns_;
-    Arena memory_; // of the occurrences: what they are of, and where
-    std::pmr::deque<Rows::Row> linesOfRows_{&memory_};
-    std::pmr::deque<std::uint32_t> levelsOfRows_{&memory_};
+    std::vector<Occurrence> occurrences_;
     std::vector<std::string> levels_; // as texts
 };
 

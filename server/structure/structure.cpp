@@ -2,103 +2,115 @@
 #include "server/structure/structure.h"
 
 #include <algorithm>
+#include <tuple>
+#include <utility>
 #include <variant>
+
+#include "server/base/text.h"
 
 namespace qvserver {
 
 namespace {
 
+constexpr std::string_view parentPath = "logical_key@item_number";
 constexpr std::size_t componentColumn = 0;
 constexpr std::size_t sequenceColumn = 1;
 
+/** What the lines of an item are sorted by: numbers come before other texts, and older lines before newer ones. */
+using LineOrder = std::tuple<bool, long double, std::string_view, std::int64_t>;
+
+LineOrder orderOf(std::string_view sequence, std::int64_t id)
+{
+    if (const auto number = parseNumber(sequence)) {
+        const auto real = std::visit([](auto plain) { return static_cast<long double>(plain); }, *number);
+        return {false, real, std::string_view(), id};
+    }
+    return {true, 0, withoutTrailingBlanks(sequence), id};
+}
+
 } // namespace
 
-/** Numbers come before other texts, and what was stored first before the rest. */
-bool Structure::SortedLine::operator<(const SortedLine& other) const
+Structure::Structure(Store& store, const Query& query, std::string_view topItem, std::size_t maxLevel,
+                     Rows& values)
+    : values_(values), lines_({{nullptr, leaf}})
 {
-    const auto real = [](const ParsedNumber& any) {
-        return std::visit([](auto plain) { return static_cast<long double>(plain); }, any);
-    };
-    if (number && other.number) {
-        const auto own = real(*number);
-        const auto others = real(*other.number);
-        return own != others ? own < others : id < other.id;
-    }
-    if (number || other.number) {
-        return number.has_value();
-    }
-    return text != other.text ? text < other.text : id < other.id;
-}
-
-Structure::Structure(std::string_view topItem, Lookup& lookup, Rows& values)
-    : topItem_(topItem), lookup_(lookup), values_(values)
-{
-    const std::uint32_t hash = hashOf(topItem);
-    index_.find(hash, top, [](std::uint32_t /*item*/) { return false; });
-    items_.push_back({hash});
-}
-
-void Structure::read(std::size_t maxLevel)
-{
-    std::uint32_t first = top; // of the items that no higher level has
-    for (std::size_t level = 0; first < size() && (maxLevel == 0 || level < maxLevel); ++level) {
-        const auto end = static_cast<std::uint32_t>(size());
-        readLevel(first, end);
-        first = end;
+    Uses uses = {{SortableText(topItem), 0}};
+    std::vector<UseIterator> newItems = findNewItems(uses);
+    for (std::size_t level = 0; level < maxLevel && !newItems.empty(); ++level) {
+        uses = readLines(store, query, uses, newItems);
+        newItems = findNewItems(uses);
     }
 }
 
-void Structure::readLevel(std::uint32_t first, std::uint32_t end)
+/** Reads the lines of items whose uses are given; returns the uses of their components. */
+Structure::Uses Structure::readLines(Store& store, const Query& query, const Uses& uses,
+                                     const std::vector<UseIterator>& newItems)
 {
-    for (std::uint32_t item = first; item < end; ++item) {
-        if (lookup_.mayFind(items_[item].hash)) {
-            lookup_.ask(itemNumber(item), item);
+    std::vector<std::string_view> numbers;
+    numbers.reserve(newItems.size());
+    for (const auto use : newItems) {
+        numbers.push_back(use->number.text());
+    }
+    std::size_t row = values_.size();
+    const std::size_t firstLine = lines_.size();
+    const std::vector<Match> matches = store.selectForEach(query, parentPath, numbers, values_);
+    std::vector<std::pair<LineOrder, std::size_t>> sorted; // the lines of one item
+    for (auto match = matches.begin(); match != matches.end();) {
+        const std::size_t value = match->value;
+        sorted.clear();
+        for (; match != matches.end() && match->value == value; ++match, ++row) {
+            sorted.emplace_back(orderOf(values_.value(row, sequenceColumn), match->id), row);
+        }
+        std::sort(sorted.begin(), sorted.end());
+        const auto item = static_cast<std::uint32_t>(items_.size());
+        const auto first = static_cast<std::uint32_t>(lines_.size());
+        for (const auto& [order, lineRow] : sorted) {
+            lines_.push_back({values_.row(lineRow), leaf});
+        }
+        items_.push_back({numbers[value], first, static_cast<std::uint32_t>(lines_.size())});
+        places_.emplace(newItems[value]->number, item);
+        setComponent(newItems[value], uses.end(), item);
+    }
+    return usesFrom(firstLine);
+}
+
+Structure::Uses Structure::usesFrom(std::size_t firstLine) const
+{
+    Uses uses;
+    uses.reserve(lines_.size() - firstLine);
+    for (std::size_t line = firstLine; line < lines_.size(); ++line) {
+        uses.push_back({SortableText(withoutTrailingBlanks(lines_[line].values[componentColumn])),
+                        static_cast<std::uint32_t>(line)});
+    }
+    std::sort(uses.begin(), uses.end(),
+              [](const Use& left, const Use& right) { return left.number < right.number; });
+    return uses;
+}
+
+/** Sets the components of lines whose items are known; returns the first use of each other item. */
+std::vector<Structure::UseIterator> Structure::findNewItems(const Uses& uses)
+{
+    std::vector<UseIterator> newItems;
+    for (auto use = uses.begin(); use != uses.end();) {
+        if (const auto known = places_.find(use->number); known != places_.end()) {
+            use = setComponent(use, uses.end(), known->second);
+        } else {
+            newItems.push_back(use);
+            use = std::find_if(use, uses.end(),
+                               [first = use](const Use& other) { return !(other.number == first->number); });
         }
     }
-    lookup_.find(values_,
-                 [&](std::uint32_t item, std::size_t firstRow, const std::vector<std::int64_t>& ids) {
-                     addLines(items_[item], firstRow, ids);
-                     lookup_.expect(size() - end);
-                 });
+    return newItems;
 }
 
-void Structure::addLines(Item& item, std::size_t firstRow, const std::vector<std::int64_t>& ids)
+/** Sets the component of all lines that use the item of `first`; returns the first use of the next item. */
+Structure::UseIterator Structure::setComponent(UseIterator first, UseIterator end, std::uint32_t item)
 {
-    sorted_.clear();
-    auto row = static_cast<std::uint32_t>(firstRow);
-    for (const std::int64_t id : ids) {
-        const std::string_view sequence = withoutTrailingBlanks(values_.value(row, sequenceColumn));
-        const std::uint32_t hash = hashOf(componentIn(row));
-        index_.fetch(hash);
-        sorted_.push_back({parseNumber(sequence), sequence, id, row, hash});
-        ++row;
+    auto use = first;
+    for (; use != end && use->number == first->number; ++use) {
+        lines_[use->line].component = item;
     }
-    std::sort(sorted_.begin(), sorted_.end());
-    item.firstLine = static_cast<std::uint32_t>(lines_.size());
-    for (const SortedLine& line : sorted_) {
-        lines_.push_back({values_.row(line.row), itemOf(line.row, line.hash)});
-    }
-    item.endOfLines = static_cast<std::uint32_t>(lines_.size());
-}
-
-std::uint32_t Structure::itemOf(std::uint32_t row, std::uint32_t hash)
-{
-    if (!lookup_.mayFind(hash)) {
-        return leaf;
-    }
-    const std::string_view component = componentIn(row);
-    const auto next = static_cast<std::uint32_t>(size());
-    const auto item =
-        index_.find(hash, next, [&](std::uint32_t known) { return component == itemNumber(known); });
-    if (item == next) {
-        items_.push_back({hash, row});
-    }
-    return item;
-}
-
-std::string_view Structure::componentIn(std::uint32_t row) const noexcept
-{
-    return withoutTrailingBlanks(values_.value(row, componentColumn));
+    return use;
 }
 
 } // namespace qvserver

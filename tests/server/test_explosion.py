@@ -5,7 +5,7 @@ import re
 
 from server import NAMES, ServerTest
 
-CYCLE, ALREADY_STORED = -233, -220
+CYCLE, ALREADY_STORED, TOO_MANY_ROWS = -233, -220, -118
 COLUMNS = ("level", "item_number", "comp_item_number", "comp_seq_nm")
 
 
@@ -75,6 +75,17 @@ class Structure(ServerTest):
                     rows += sum(self.compare_with_walk(top, change, max_level) for max_level in range(4))
         self.assertGreater(refusals, 50)
         self.assertGreater(rows, 1000)
+
+    def test_more_rows_than_a_report_may_have_are_refused(self):
+        items = [f"I{level}" for level in range(30)]
+        self.store_items(items)
+        for parent, child in zip(items, items[1:]):
+            self.save((parent, child, "1", ""))
+            self.save((parent, child, "2", ""))
+        code, texts = self.session().ask("explode", "item_number=I0")
+        self.assertEqual(code, TOO_MANY_ROWS)
+        self.assertRegex(texts[0], "'I0' has more than 10000000 rows.*max_level")
+        self.compare_with_walk("I0", "", 8)
 
     def test_a_wide_structure_is_exploded_as_by_a_plain_walk(self):
         """So many items of a level are looked for in another order, and those without lines not at all."""
