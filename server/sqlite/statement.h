@@ -62,6 +62,20 @@ public:
         return !refused;
     }
 
+    /** Runs a statement without parameters and rows. */
+    void run()
+    {
+        const int code = tryRun();
+        check(code == SQLITE_DONE, sqlite3_db_handle(statement_.get()), code);
+    }
+    /** Like `run`; the result code. */
+    int tryRun() noexcept
+    {
+        const int code = sqlite3_step(statement_.get());
+        sqlite3_reset(statement_.get());
+        return code;
+    }
+
     std::int64_t integer(int column) const { return sqlite3_column_int64(statement_.get(), column); }
     /** The text of a column of the current row, "" for NULL; valid until the next step. */
     std::string_view text(int column) const

@@ -128,6 +128,12 @@ std::vector<std::string> SqliteStore::filesAt(const std::string& path)
     return {path, path + "-wal", path + "-shm", path + "-journal"};
 }
 
+SqliteStore::TransactionStatements::TransactionStatements(sqlite3* database)
+    : begin(database, "BEGIN"), beginImmediate(database, "BEGIN IMMEDIATE"), commit(database, "COMMIT"),
+      rollback(database, "ROLLBACK"), savepoint(database, "SAVEPOINT part"),
+      release(database, "RELEASE part"), rollbackTo(database, "ROLLBACK TO part")
+{}
+
 void SqliteStore::begin(Access access)
 {
     if (depth_ > 0 && !database_.inTransaction()) {
@@ -135,9 +141,10 @@ void SqliteStore::begin(Access access)
              "the database rolled back the open multi-save after a failure; discard it and start again");
     }
     if (depth_ > 0) {
-        database_.run("SAVEPOINT part");
+        statements_.savepoint.run();
     } else {
-        database_.run(access == Access::Write ? "BEGIN IMMEDIATE" : "BEGIN");
+        rollBackTransaction(); // one that could not be ended after a failure
+        (access == Access::Write ? statements_.beginImmediate : statements_.begin).run();
     }
     ++depth_;
 }
@@ -150,9 +157,9 @@ void SqliteStore::commit()
              "the database rolled back the changes after a failure; none of them was stored");
     }
     try {
-        database_.run(depth_ > 0 ? "RELEASE part" : "COMMIT");
+        (depth_ > 0 ? statements_.release : statements_.commit).run();
     } catch (const std::exception&) {
-        database_.tryRun(depth_ > 0 ? "ROLLBACK TO part; RELEASE part" : "ROLLBACK");
+        rollBackTransaction();
         throw;
     }
 }
@@ -160,8 +167,20 @@ void SqliteStore::commit()
 void SqliteStore::rollback() noexcept
 {
     --depth_;
-    if (database_.inTransaction()) {
-        database_.tryRun(depth_ > 0 ? "ROLLBACK TO part; RELEASE part" : "ROLLBACK");
+    rollBackTransaction();
+}
+
+/** Rolls back what was begun at this depth, if the database has not done so. */
+void SqliteStore::rollBackTransaction() noexcept
+{
+    if (!database_.inTransaction()) {
+        return;
+    }
+    if (depth_ > 0) {
+        statements_.rollbackTo.tryRun();
+        statements_.release.tryRun();
+    } else {
+        statements_.rollback.tryRun();
     }
 }
 

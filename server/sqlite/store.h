@@ -53,11 +53,21 @@ public:
     void removeUser(std::string_view user) override;
 
 private:
-    SqliteStore(const std::string& path, bool inMemory) : database_(path), inMemory_(inMemory) {}
+    /** The statements of transactions, prepared ahead so that ending one does not need memory. */
+    struct TransactionStatements {
+        explicit TransactionStatements(sqlite3* database);
+        SqliteStatement begin, beginImmediate, commit, rollback, savepoint, release, rollbackTo;
+    };
+
+    SqliteStore(const std::string& path, bool inMemory)
+        : database_(path), statements_(database_.handle()), inMemory_(inMemory)
+    {}
     static std::unique_ptr<SqliteStore> make(const std::string& path, bool inMemory = false);
+    void rollBackTransaction() noexcept;
     void putAdded(std::int64_t id, std::string_view path, std::string_view value);
 
     SqliteDatabase database_;
+    TransactionStatements statements_;
     bool inMemory_;
     int depth_ = 0; // of nested transactions
 };

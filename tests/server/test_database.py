@@ -3,13 +3,15 @@
 import ctypes
 import os
 import unittest
-from ctypes import CFUNCTYPE, POINTER, byref, c_char_p, c_int, c_uint, c_void_p
+from ctypes import CFUNCTYPE, POINTER, c_char_p, c_int, c_int64, c_uint, c_void_p
 
 from server import LIBRARY, NAMES, Calls, log_on
 
 ITEM = NAMES["item"]
 SQLITE = ctypes.CDLL("libsqlite3.so.0")
 SQLITE.sqlite3_sql.restype = c_char_p
+SQLITE.sqlite3_hard_heap_limit64.argtypes = [c_int64]
+SQLITE.sqlite3_memory_used.restype = c_int64
 TRACE_STATEMENT, TRACE_PROFILE, STATUS_STEPS = 1, 2, 4
 
 
@@ -105,3 +107,15 @@ class Database(unittest.TestCase):
                 ([("commit",)], 0, 1)):
             executed = self.executed_by(*commands)
             self.assertEqual((executed.count("BEGIN IMMEDIATE"), executed.count("COMMIT")), (begins, commits))
+
+    def test_a_failed_allocation_leaves_no_transaction_behind(self):
+        code, failures, more = None, 0, 1
+        while code != 0:
+            SQLITE.sqlite3_hard_heap_limit64(SQLITE.sqlite3_memory_used() + more)
+            code, texts = self.calls.carry_out("save", "EngineeringChange", f"id=EC{more}", "desc=" + "x" * 4000)
+            SQLITE.sqlite3_hard_heap_limit64(0)
+            self.assertIn(code, (0, -100), texts)
+            self.assertEqual(self.calls.carry_out("save", "EngineeringChange", f"id=AFTER{more}"), (0, ["0"]))
+            failures += code != 0
+            more += 64
+        self.assertGreater(failures, 10)
