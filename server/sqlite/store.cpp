@@ -35,31 +35,28 @@ namespace fs = std::filesystem;
 /** A new, empty file that no other process has created; removed at the end unless it is kept. */
 class NewFile {
 public:
-    explicit NewFile(std::string path) : path_(std::move(path))
+    explicit NewFile(const std::string& path) : files_(SqliteStore::filesAt(path))
     {
         constexpr mode_t ownerAndGroup = 0660;
-        const int file = ::open(path_.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, ownerAndGroup);
+        const int file = ::open(path.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, ownerAndGroup);
         if (file < 0) {
-            failToMake(path_, {errno, std::generic_category()});
+            failToMake(path, {errno, std::generic_category()});
         }
         ::close(file);
     }
     ~NewFile()
     {
-        for (const std::string& path : SqliteStore::filesAt(path_)) {
-            std::error_code ignored;
-            if (!kept_) {
-                fs::remove(path, ignored);
-            }
+        for (const std::string& file : files_) {
+            ::unlink(file.c_str());
         }
     }
     NewFile(const NewFile&) = delete;
     NewFile& operator=(const NewFile&) = delete;
-    void keep() noexcept { kept_ = true; }
+    void keep() noexcept { files_.clear(); }
 
 private:
-    std::string path_;
-    bool kept_ = false;
+    std::vector<std::string>
+        files_; // with those beside it; known ahead, since memory may be short at the end
 };
 
 } // namespace

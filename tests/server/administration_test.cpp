@@ -13,12 +13,46 @@
 #include <velrzm/qv_sdk.h>
 
 #include "tests/harness/files.h"
+#include "tests/standin/memory.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 
 constexpr const char* store = "sqlite:store.db";
+
+int saveChange(const std::string& id, const std::string& text = "")
+{
+    QV_ObjectHandle change = nullptr;
+    QV_Create_Object(&change, "EngineeringChange");
+    QV_Set_Object_Attr(change, "id", id.c_str());
+    QV_Set_Object_Attr(change, "desc", text.c_str());
+    const int code = QV_Save_Object(change);
+    QV_Destroy_Object(&change);
+    return code;
+}
+
+int logOn()
+{
+    std::array<char, 1> reserved = {};
+    return QV_Open_Env() + QV_Logon("jdoe", "secret", reserved.data(), reserved.data());
+}
+
+TEST(StoreTest, IsMadeOrLeavesNothingBehindWhenMemoryEnds)
+{
+    const harness::TemporaryDirectory directory;
+    int failures = 0;
+    for (int allocations = 16; !fs::exists("store.db"); allocations *= 2) {
+        try {
+            const standin::ScarceMemory scarce(allocations);
+            qvlocal::initializeStore(store, "jdoe", "secret");
+        } catch (const std::exception&) {
+            EXPECT_TRUE(fs::is_empty(".")) << allocations;
+            ++failures;
+        }
+    }
+    EXPECT_GT(failures, 3);
+}
 
 /** A session over a store in a file. */
 class AdministrationTest : public testing::Test {
@@ -27,22 +61,10 @@ protected:
     {
         environment.set("QV_STORE", store);
         qvlocal::initializeStore(store, "jdoe", "secret");
-        std::array<char, 1> reserved = {};
-        EXPECT_EQ(QV_Open_Env(), 0);
-        EXPECT_EQ(QV_Logon("jdoe", "secret", reserved.data(), reserved.data()), 0);
+        EXPECT_EQ(logOn(), 0);
     }
     void TearDown() override { QV_Close_Env(); }
 
-    static int saveChange(const std::string& id, const std::string& text = "")
-    {
-        QV_ObjectHandle change = nullptr;
-        QV_Create_Object(&change, "EngineeringChange");
-        QV_Set_Object_Attr(change, "id", id.c_str());
-        QV_Set_Object_Attr(change, "desc", text.c_str());
-        const int code = QV_Save_Object(change);
-        QV_Destroy_Object(&change);
-        return code;
-    }
     static std::size_t changesIn(const std::string& location)
     {
         const auto objects = qvlocal::summarizeStore(location).objects;
