@@ -22,7 +22,9 @@ extern "C" {
 
 int QV_Set_Doc_CheckIn_Defaults(QV_ObjectHandle document)
 {
-    return guard([=](Session& session) { session.object(document).setCheckInDefaults(session.store()); });
+    return guard([=](Session& session) {
+        session.object(document).setCheckInDefaults(session.store(), session.user());
+    });
 }
 
 int QV_Set_Doc_CheckOut_Defaults(QV_ObjectHandle document)
@@ -62,7 +64,8 @@ int QV_Make_New_Revision(QV_ObjectHandle document, QV_ObjectHandle* revision)
 {
     return guard([=](Session& session) {
         QV_ObjectHandle& made = requireVariable(revision, "handle of the new revision");
-        made = session.objects().insert(session.object(document).makeRevision(session.store()));
+        made =
+            session.objects().insert(session.object(document).makeRevision(session.store(), session.user()));
     });
 }
 

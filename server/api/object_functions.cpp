@@ -46,12 +46,12 @@ int QV_Open_Object(QV_ObjectHandle object)
 
 int QV_Save_Object(QV_ObjectHandle object)
 {
-    return guard([=](Session& session) { session.object(object).save(session.store()); });
+    return guard([=](Session& session) { session.object(object).save(session.store(), session.user()); });
 }
 
 int QV_Delete_Object(QV_ObjectHandle object)
 {
-    return guard([=](Session& session) { session.object(object).remove(session.store()); });
+    return guard([=](Session& session) { session.object(object).remove(session.store(), session.user()); });
 }
 
 int QV_Get_Object_Attr(QV_ObjectHandle object, const char* path, const char** value)

@@ -72,14 +72,16 @@ void Object::storeAndLoad(Store& store, Work work)
 {
     Object next = *this; // replaces this one when everything is stored
     Transaction transaction(store, Access::Write);
-    next.load(store, work());
+    next.load(store, work(next));
     transaction.commit();
     *this = std::move(next);
 }
 
-void Object::save(Store& store)
+void Object::save(Store& store, const std::string& user)
 {
-    storeAndLoad(store, [&] { return stored_ ? change(store) : create(store); });
+    storeAndLoad(store, [&](const Object& object) {
+        return object.stored_ ? object.change(store, user) : object.create(store);
+    });
 }
 
 std::int64_t Object::create(Store& store) const
@@ -109,7 +111,7 @@ std::int64_t Object::insert(Store& store, Values values) const
     return id;
 }
 
-Values Object::unchangedSince(Store& store) const
+Values Object::changeable(Store& store, const std::string& user) const
 {
     Query query = {class_, {std::string(updateCountPath)}, {isObject(stored_->id)}};
     for (const Attribute& attribute : class_->attributes) {
@@ -119,14 +121,15 @@ Values Object::unchangedSince(Store& store) const
     if (rows->empty()) {
         failDeleted(*class_, stored_->id);
     }
+    Values values;
+    for (std::size_t column = 1; column < query.select.size(); ++column) {
+        values.emplace(query.select[column], rows->value(0, column));
+    }
+    checkNotHeldByOther(*class_, values, user);
     if (integerAt(*rows, 0, 0) != stored_->updateCount) {
         fail(Failure::ChangedByOther, "the ", class_->name, " with db_object_id '", stored_->id,
              "' was saved by another user since it was opened; nothing was stored, open it again and repeat "
              "the change");
-    }
-    Values values;
-    for (std::size_t column = 1; column < query.select.size(); ++column) {
-        values.emplace(query.select[column], rows->value(0, column));
     }
     return values;
 }
@@ -140,10 +143,10 @@ void Object::checkSameId() const
     }
 }
 
-std::int64_t Object::change(Store& store) const
+std::int64_t Object::change(Store& store, const std::string& user) const
 {
     checkSameId();
-    const Values before = unchangedSince(store);
+    const Values before = changeable(store, user);
     Values changed = storable(*class_, changes_);
     Values after = changed;
     after.insert(before.begin(), before.end()); // keeps what is changed
@@ -160,7 +163,7 @@ std::int64_t Object::change(Store& store) const
     return stored_->id;
 }
 
-void Object::remove(Store& store)
+void Object::remove(Store& store, const std::string& user)
 {
     Transaction transaction(store, Access::Write);
     Object removed = *this;
@@ -172,7 +175,7 @@ void Object::remove(Store& store)
     if (!stored_) {
         removed.load(store, id);
     }
-    const Values values = removed.unchangedSince(store);
+    const Values values = removed.changeable(store, user);
     store.remove(*class_, id);
     deleteParts(store, *class_, values);
     refreshFlags(store, *class_, values);
@@ -214,26 +217,41 @@ void Object::createAndCheckIn(Store& store)
         fail(Failure::AlreadyStored, "the ", class_->name, " is stored already, with db_object_id '",
              stored_->id, "'; check it out and in to make another version, or create a new object");
     }
-    save(store);
+    storeAndLoad(store, [&](const Object& object) { return object.create(store); });
 }
 
 void Object::checkOut(Store& store, const std::string& user)
 {
-    storeAndLoad(store, [&] {
-        checkOutVersion(store, *class_, versionId(), user);
-        return storeChanges(store);
+    storeAndLoad(store, [&](const Object& version) {
+        checkOutVersion(store, *class_, version.versionId(), user);
+        return version.storeChanges(store, user);
     });
+}
+
+void Object::turnToHeld(Store& store, const std::string& user)
+{
+    const std::int64_t opened = versionId();
+    if (!withoutTrailingBlanks(valueOf(attributes_, objectIdPath)).empty()) {
+        return;
+    }
+    if (const std::int64_t held = versionHeldBy(store, *class_, opened, user); held != opened) {
+        Values changes = std::move(changes_);
+        load(store, held);
+        changes_ = std::move(changes);
+    }
 }
 
 void Object::checkIn(Store& store, const std::string& user)
 {
-    storeAndLoad(store, [&] {
-        endCheckOut(store, *class_, versionId(), user);
-        if (!changes_.empty()) {
-            checkSameId();
-            unchangedSince(store);
+    storeAndLoad(store, [&](Object& version) {
+        version.turnToHeld(store, user);
+        endCheckOut(store, *class_, version.versionId(), user);
+        if (!version.changes_.empty()) {
+            version.checkSameId();
+            version.changeable(store, user);
         }
-        return insert(store, nextVersion(store, *class_, versionId(), storable(*class_, changes_)));
+        return insert(store,
+                      nextVersion(store, *class_, version.versionId(), storable(*class_, version.changes_)));
     });
     if (const auto id = attributes_.find(objectIdPath); id != attributes_.end() && !id->second.empty()) {
         id->second = std::to_string(stored_->id); // it was that of the version before
@@ -242,32 +260,36 @@ void Object::checkIn(Store& store, const std::string& user)
 
 void Object::cancelCheckOut(Store& store, const std::string& user)
 {
-    storeAndLoad(store, [&] {
-        endCheckOut(store, *class_, versionId(), user);
-        return storeChanges(store);
+    storeAndLoad(store, [&](Object& version) {
+        version.turnToHeld(store, user);
+        endCheckOut(store, *class_, version.versionId(), user);
+        return version.storeChanges(store, user);
     });
 }
 
-Object Object::makeRevision(Store& store)
+Object Object::makeRevision(Store& store, const std::string& user)
 {
     Object revision(*class_);
     revision.subscribed_ = subscribed_;
-    storeAndLoad(store, [&] {
-        checkNotHeld(store, *class_, versionId());
-        const std::int64_t base = storeChanges(store);
+    storeAndLoad(store, [&](const Object& version) {
+        checkNotHeld(store, *class_, version.versionId());
+        const std::int64_t base = version.storeChanges(store, user);
         revision.load(store, insert(store, nextRevision(store, *class_, base)));
         return base;
     });
     return revision;
 }
 
-void Object::setCheckInDefaults(Store& store)
+void Object::setCheckInDefaults(Store& store, const std::string& user)
 {
+    Transaction transaction(store, Access::Read);
+    turnToHeld(store, user);
     for (const auto& [path, value] : checkInDefaults(store, *class_, versionId())) {
         if (changes_.find(path) == changes_.end()) {
             set(path, value);
         }
     }
+    transaction.commit();
 }
 
 void Object::setCheckOutDefaults() const

@@ -33,12 +33,13 @@ public:
     /** Finds the stored object by the attributes that are set, and loads the subscribed ones. */
     void open(Store& store);
     /** Changes the stored object if this one was opened or saved before, else creates one. */
-    void save(Store& store);
+    void save(Store& store, const std::string& user);
     /** Deletes the stored object: the opened one, else the one that the attributes identify. */
-    void remove(Store& store);
+    void remove(Store& store, const std::string& user);
 
     // Calls of the vault, on an opened version of a document. Each one also stores what was set on this object, in
-    // the version that it stands for afterwards, and loads the subscribed attributes.
+    // the version that it stands for afterwards, and loads the subscribed attributes. An object that was opened by its
+    // keys stands for the newest version; a call that ends a check-out has it stand for the one that `user` holds.
     /** Stores a new document, whose first version is checked in. */
     void createAndCheckIn(Store& store);
     /** Checks the version out to `user`. */
@@ -48,9 +49,9 @@ public:
     /** Ends the check-out without another version. */
     void cancelCheckOut(Store& store, const std::string& user);
     /** Stores the next revision of the document as a copy of this one, and returns it. */
-    Object makeRevision(Store& store);
+    Object makeRevision(Store& store, const std::string& user);
     /** Sets the attributes that a check-in fills in, unless they are set already. */
-    void setCheckInDefaults(Store& store);
+    void setCheckInDefaults(Store& store, const std::string& user);
     /** Does nothing but check the handle: a check-out has no attributes to fill in. */
     void setCheckOutDefaults() const;
 
@@ -61,21 +62,27 @@ private:
         std::int64_t updateCount;
     };
 
-    /** Runs `work` in one transaction and loads the object whose id it returns, which this one then stands for. */
+    /** Runs `work(object)` on a copy of this object in one transaction, and loads the object whose id it returns, which
+     * this one then stands for. */
     template <typename Work>
     void storeAndLoad(Store& store, Work work);
     std::int64_t create(Store& store) const;
     std::int64_t insert(Store& store, Values values) const;
-    std::int64_t change(Store& store) const;
+    std::int64_t change(Store& store, const std::string& user) const;
     /** Like `change`, unless nothing was set. */
-    std::int64_t storeChanges(Store& store) const { return changes_.empty() ? versionId() : change(store); }
+    std::int64_t storeChanges(Store& store, const std::string& user) const
+    {
+        return changes_.empty() ? versionId() : change(store, user);
+    }
+    /** Has an object that was opened by its keys stand for the version of the revision that `user` holds. */
+    void turnToHeld(Store& store, const std::string& user);
     /** The id of the opened version; fails when none was opened. */
     std::int64_t versionId() const;
     /** Fails when the db_object_id that was set is not that of the opened object. */
     void checkSameId() const;
-    /** The values of the stored object in the attributes of its class; fails when another user has changed or deleted it
-     * since it was loaded. */
-    Values unchangedSince(Store& store) const;
+    /** The values of the stored object in the attributes of its class; fails when another user holds it, or has changed
+     * or deleted it since it was loaded. */
+    Values changeable(Store& store, const std::string& user) const;
     /** Loads the subscribed attributes; from then on this object stands for the stored one. */
     void load(Store& store, std::int64_t id);
 

@@ -71,6 +71,32 @@ void checkNotHeld(Store& store, const Class& objectClass, std::int64_t id)
     }
 }
 
+void checkNotHeldByOther(const Class& objectClass, const Values& values, const std::string& user)
+{
+    if (!objectClass.vault) {
+        return;
+    }
+    if (const auto holder = holderOf(objectClass, values); !holder.empty() && holder != user) {
+        fail(Failure::VaultState, describe(objectClass, values), " is checked out by ", inQuotes(holder),
+             "; nobody else can change it until it is checked in");
+    }
+}
+
+std::int64_t versionHeldBy(Store& store, const Class& objectClass, std::int64_t id, const std::string& user)
+{
+    const Values values = valuesOf(store, objectClass, id);
+    if (holderOf(objectClass, values) == user) {
+        return id;
+    }
+    Query held = {&objectClass, {}, {equals(objectClass.vault->holder, user)}};
+    for (const std::string_view key : objectClass.keys) {
+        held.where.push_back(equals(key, valueOf(values, key)));
+    }
+    held.newestFirst = true;
+    const std::vector<std::int64_t> ids = idsOf(store, std::move(held));
+    return ids.empty() ? id : ids.front();
+}
+
 void checkOutVersion(Store& store, const Class& objectClass, std::int64_t id, const std::string& user)
 {
     checkNotHeld(store, objectClass, id);

@@ -20,6 +20,13 @@ void checkVaulted(const Class& objectClass);
 /** Fails when the version `id` is checked out. */
 void checkNotHeld(Store& store, const Class& objectClass, std::int64_t id);
 
+/** Fails when another user than `user` holds the version with `values`. */
+void checkNotHeldByOther(const Class& objectClass, const Values& values, const std::string& user);
+
+/** The version of the same revision as the version `id` that `user` holds: that one itself, else the newest; `id` when
+ * there is none. */
+std::int64_t versionHeldBy(Store& store, const Class& objectClass, std::int64_t id, const std::string& user);
+
 /** Checks the version `id` out to `user`; fails when it is checked out already. */
 void checkOutVersion(Store& store, const Class& objectClass, std::int64_t id, const std::string& user);
 
