@@ -38,6 +38,7 @@ enum class Failure : int {
     StillReferred = -231,              // another object refers to this one
     KeyMismatch = -232,                // the keys that were set are not those of the object
     StructureCycle = -233,             // a product structure that contains itself
+    RangeEnd = -235,                   // a number that cannot rise any more
     ChangedByOther = -240,             // another user saved or deleted the object since it was opened
     MultiSaveState = -250,             // a start inside a multi-save, a commit or discard outside one
     MultiSaveLost = -251,              // the store dropped the open multi-save

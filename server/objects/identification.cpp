@@ -78,7 +78,7 @@ void checkKeys(Store& store, const Class& objectClass, std::int64_t id, const Va
 {
     Query query = {&objectClass, {}, {isObject(id)}};
     query.select.assign(objectClass.keys.begin(), objectClass.keys.end());
-    const auto stored = store.select(query);
+    const auto stored = selectStored(store, query);
     for (std::size_t key = 0; key < objectClass.keys.size(); ++key) {
         const auto set = wanted.find(objectClass.keys[key]);
         if (set != wanted.end() && !sameText(set->second, stored->value(0, key))) {

@@ -2,6 +2,7 @@
 #include "server/objects/object.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "server/base/errors.h"
 #include "server/objects/filling.h"
@@ -147,6 +148,10 @@ std::int64_t Object::change(Store& store, const std::string& user) const
 {
     checkSameId();
     const Values before = changeable(store, user);
+    if (stored_->updateCount == std::numeric_limits<std::int64_t>::max()) {
+        fail(Failure::RangeEnd, "the ", class_->name, " with db_object_id '", stored_->id, "' was saved ",
+             stored_->updateCount, " times, which is as often as can be counted");
+    }
     Values changed = storable(*class_, changes_);
     Values after = changed;
     after.insert(before.begin(), before.end()); // keeps what is changed
@@ -191,7 +196,7 @@ void Object::load(Store& store, std::int64_t id)
     query.newestFirst = true;
     query.relatedMayMiss = true;
     query.limit = 1;
-    const auto rows = store.select(query);
+    const auto rows = selectStored(store, query);
     Values loaded;
     for (std::size_t column = 1; column < query.select.size(); ++column) {
         loaded.insert_or_assign(query.select[column], rows->value(0, column));

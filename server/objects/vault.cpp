@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "server/objects/vault.h"
 
+#include <limits>
 #include <memory>
 #include <utility>
 
@@ -49,7 +50,7 @@ std::shared_ptr<const Rows> inOrder(Store& store, const Class& objectClass, cons
     for (std::size_t key = 0; key < keys; ++key) {
         query.where.push_back(equals(objectClass.keys[key], valueOf(values, objectClass.keys[key])));
     }
-    return store.select(query);
+    return selectStored(store, query);
 }
 
 } // namespace
@@ -133,6 +134,9 @@ Values nextVersion(Store& store, const Class& objectClass, std::int64_t id, cons
     const std::string_view path = objectClass.vault->version;
     const auto versions = inOrder(store, objectClass, base, objectClass.keys.size(), path, path);
     const std::int64_t last = integerAt(*versions, versions->size() - 1, 0);
+    if (last == std::numeric_limits<std::int64_t>::max()) {
+        fail(Failure::RangeEnd, "there is no version after ", path, "=", last, "; make a new revision");
+    }
     next.insert_or_assign(std::string(path), std::to_string(last + 1));
     return next;
 }

@@ -3,6 +3,7 @@
 
 #include <cerrno>
 #include <filesystem>
+#include <limits>
 #include <system_error>
 
 #include <fcntl.h>
@@ -183,9 +184,21 @@ void SqliteStore::rollBackTransaction() noexcept
 
 std::int64_t SqliteStore::nextNumber()
 {
-    auto next = database_.use("UPDATE sequence SET last = last + 1 RETURNING last");
-    next->step();
+    constexpr std::int64_t end = std::numeric_limits<std::int64_t>::max();
+    auto next = database_.use("UPDATE sequence SET last = last + 1 WHERE last < ?1 RETURNING last", end);
+    if (!next->step()) {
+        fail(Failure::RangeEnd, "the store has used up its numbers; the last one was ", lastNumber());
+    }
     return next->integer(0);
+}
+
+std::int64_t SqliteStore::lastNumber()
+{
+    auto last = database_.use("SELECT last FROM sequence");
+    if (!last->step()) {
+        failDamaged("the last number that was used is missing");
+    }
+    return last->integer(0);
 }
 
 bool SqliteStore::insert(const Class& objectClass, std::int64_t id, const Values& values)

@@ -33,6 +33,7 @@ public:
     void rollback() noexcept override;
 
     std::int64_t nextNumber() override;
+    std::int64_t lastNumber() override;
     bool insert(const Class& objectClass, std::int64_t id, const Values& values) override;
     bool update(const Class& objectClass, std::int64_t id, const Values& values, Count count) override;
     void remove(const Class& objectClass, std::int64_t id) override;

@@ -4,6 +4,7 @@
 #ifndef VELRZM_SERVER_STORE_QUERY_H
 #define VELRZM_SERVER_STORE_QUERY_H
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -14,6 +15,11 @@
 #include "server/store/clause.h"
 
 namespace qvserver {
+
+/** What a query can have at most, so that the engine can run it. */
+constexpr std::size_t maxColumns = 2000; // attributes that are read, the server's own included
+constexpr std::size_t maxClauses = 900;  // conditions, and attributes to sort by
+constexpr std::size_t maxValues = 30000; // that attributes are compared with
 
 /** Which objects of a class, which of their values, in which order. */
 struct Query {

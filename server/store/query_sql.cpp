@@ -5,6 +5,7 @@
 #include <optional>
 #include <utility>
 
+#include "server/base/errors.h"
 #include "server/store/like.h"
 
 namespace qvserver {
@@ -52,6 +53,8 @@ public:
 
     Sql build()
     {
+        checkLimit(query_.select.size(), maxColumns, "attributes to read, the server's own included");
+        checkLimit(query_.where.size() + query_.orderBy.size(), maxClauses, "clauses");
         const std::string columns = selectList();
         const std::string condition = combination({Connective::And, query_.where});
         const std::string order = query_.ordered ? " ORDER BY " + orderList() : "";
@@ -63,10 +66,19 @@ public:
         if (query_.limit > 0) {
             sql_.text += " LIMIT " + parameter(std::int64_t(query_.limit));
         }
+        checkLimit(sql_.parameters.size(), maxValues, "values to compare with");
         return std::move(sql_);
     }
 
 private:
+    void checkLimit(std::size_t count, std::size_t limit, std::string_view what) const
+    {
+        if (count > limit) {
+            fail(Failure::BadArgument, "there are ", count, ' ', what, " in one query of ",
+                 query_.objectClass->name, "; at most ", limit, " are possible");
+        }
+    }
+
     struct Place {
         const Class* objectClass;
         std::string alias;

@@ -13,14 +13,27 @@ bool exists(Store& store, Query query)
     return !store.select(query)->empty();
 }
 
+void failDamaged(std::string_view what)
+{
+    fail(Failure::StoreUnusable, "the store is damaged: ", what, "; restore a backup");
+}
+
+std::shared_ptr<const Rows> selectStored(Store& store, const Query& query)
+{
+    auto rows = store.select(query);
+    if (rows->empty()) {
+        failDamaged("a stored " + std::string(query.objectClass->name) + " cannot be read");
+    }
+    return rows;
+}
+
 std::int64_t integerAt(const Rows& rows, std::size_t row, std::size_t column)
 {
     const std::string_view text = rows.value(row, column);
     const auto number = parseNumber(text);
     const auto* const whole = number ? std::get_if<std::int64_t>(&*number) : nullptr;
     if (whole == nullptr) {
-        fail(Failure::StoreUnusable, "the store is damaged: it holds ", inQuotes(text),
-             " where a whole number belongs; restore a backup");
+        failDamaged("there is " + inQuotes(text) + " in place of a whole number");
     }
     return *whole;
 }

@@ -52,6 +52,8 @@ public:
 
     /** The next of the rising numbers that identify objects. */
     virtual std::int64_t nextNumber() = 0;
+    /** The number that `nextNumber` returned last. */
+    virtual std::int64_t lastNumber() = 0;
     /** Stores a new object; false when one with the same keys is stored. */
     virtual bool insert(const Class& objectClass, std::int64_t id, const Values& values) = 0;
     /** Sets `values` of an object; false when another one has the resulting keys. */
@@ -115,6 +117,12 @@ private:
 
 /** Whether the query finds anything. */
 bool exists(Store& store, Query query);
+
+/** Fails because of something in the store that only damage can explain. */
+[[noreturn]] void failDamaged(std::string_view what);
+
+/** The rows of a query that finds something in every store that is not damaged; fails when it finds nothing. */
+std::shared_ptr<const Rows> selectStored(Store& store, const Query& query);
 
 /** The whole number in a row; fails when the store holds something else there. */
 std::int64_t integerAt(const Rows& rows, std::size_t row, std::size_t column);

@@ -119,3 +119,16 @@ class Database(unittest.TestCase):
             failures += code != 0
             more += 64
         self.assertGreater(failures, 10)
+
+    def test_a_damaged_store_is_told(self):
+        index = "'EngineeringChange key'"
+        self.calls.carry_out("save", "EngineeringChange", "id=EC1")
+        self.sql(f"PRAGMA writable_schema = ON; CREATE TABLE kept AS SELECT * FROM sqlite_schema WHERE name = {index};"
+                 f"DELETE FROM sqlite_schema WHERE name = {index}; PRAGMA writable_schema = RESET;"
+                 "DELETE FROM EngineeringChange;"  # but not from the index
+                 "PRAGMA writable_schema = ON; INSERT INTO sqlite_schema SELECT * FROM kept; PRAGMA writable_schema = RESET;"
+                 "DELETE FROM sequence")
+        for command, name in (("open", "EC1"), ("delete", "EC1"), ("save", "EC2")):
+            code, texts = self.calls.carry_out(command, "EngineeringChange", f"id={name}")
+            self.assertEqual(code, -301, texts)
+            self.assertIn("damaged", texts[0])

@@ -151,10 +151,30 @@ class Interface(unittest.TestCase):
         call("Open_List", listed)
         for kind, text in (("Where", "&OR(" * 100000 + nested), ("Select", "x" * 256)):
             self.assertEqual(code_of("Set_Clause", [listed, kind.encode(), text.encode()]), BAD_CLAUSE)
-        for column in range(3000):
+
+    def test_the_limits_of_a_query_are_told(self):
+        def refused(function, handle, limit):
+            self.assertEqual(code_of(function, [handle]), BAD_ARGUMENT)
+            self.assertIn(limit, message())
+
+        listed, change = self.handles["list"], self.handles["object"]
+        call("Set_Object_Attr", change, "id", "A")
+        for _ in range(450):
+            call("Set_Clause", listed, "Where", "&LIKE(id, 'A%')")
+            call("Set_Clause", listed, "OrderBy", "db_object_id")
+        for column in range(2000):
             call("Set_Clause", listed, "Select", f"a{column}")
-        self.assertLess(code_of("Open_List", [listed]), 0)  # more than the database can do is an error like any other
-        self.assertNotEqual(message(), "")
+            call("Subscribe_Object_Attr", change, f"a{column}")
+        call("Open_List", listed)
+        call("Set_Clause", listed, "Where", "&=(id, 'A')")
+        refused("Open_List", listed, "900")
+        refused("Save_Object", change, "2000")
+        nested = "&=(id,'A')"
+        for _ in range(15):
+            nested = f"&OR({nested},{nested})"
+        call("Create_List", byref(listed), "EngineeringChange")
+        call("Set_Clause", listed, "Where", nested)
+        refused("Open_List", listed, "30000")
 
     def test_values_are_exact_bytes_up_to_the_limit(self):
         change, value = self.handles["object"], ctypes.c_char_p()
