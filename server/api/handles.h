@@ -42,6 +42,17 @@ public:
 
     void erase(Handle handle) { release(placeOf(handle)); }
 
+    /** Calls `visit(state)` for the state of every handle. */
+    template <typename Visit>
+    void forEach(Visit visit)
+    {
+        for (Slot& slot : slots_) {
+            if (slot.state) {
+                visit(*slot.state);
+            }
+        }
+    }
+
     void clear() noexcept
     {
         for (std::size_t place = 0; place < slots_.size(); ++place) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "server/api/session.h"
 
+#include <exception>
+
 #include "server/administration/password.h"
 #include "server/administration/store_location.h"
 #include "server/base/errors.h"
@@ -58,20 +60,44 @@ void Session::startMultiSave()
     if (multiSave_ != nullptr) {
         fail(Failure::MultiSaveState, "a multi-save is open already; commit or discard it first");
     }
-    multiSave_ = std::make_unique<Transaction>(*store_, Access::Write);
+    auto started = std::make_unique<Transaction>(*store_, Access::Write);
+    lastNumber_ = store_->lastNumber();
+    forEachObject([](Object& object) { object.multiSaveStarted(); });
+    multiSave_ = std::move(started);
 }
 
 void Session::commitMultiSave()
 {
     requireMultiSave("commit");
     const auto ended = std::move(multiSave_);
-    ended->commit();
+    try {
+        ended->commit();
+    } catch (const std::exception&) {
+        forgetMultiSave();
+        throw;
+    }
 }
 
 void Session::discardMultiSave()
 {
     requireMultiSave("discard");
     multiSave_.reset();
+    forgetMultiSave();
+}
+
+template <typename Visit>
+void Session::forEachObject(Visit visit)
+{
+    objects_.forEach([&visit](ObjectState& state) {
+        if (auto* const object = std::get_if<Object>(&state)) {
+            visit(*object);
+        }
+    });
+}
+
+void Session::forgetMultiSave() noexcept
+{
+    forEachObject([this](Object& object) { object.multiSaveDiscarded(lastNumber_); });
 }
 
 void Session::requireMultiSave(const char* action) const

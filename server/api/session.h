@@ -4,6 +4,7 @@
 #ifndef VELRZM_SERVER_API_SESSION_H
 #define VELRZM_SERVER_API_SESSION_H
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <variant>
@@ -56,11 +57,17 @@ public:
 private:
     /** Fails when there is no multi-save that could be ended by `action`. */
     void requireMultiSave(const char* action) const;
+    /** Calls `visit(object)` for every object behind a handle. */
+    template <typename Visit>
+    void forEachObject(Visit visit);
+    /** Has all objects forget what was stored in the multi-save that was discarded. */
+    void forgetMultiSave() noexcept;
 
     bool environmentOpen_ = false;
     std::string user_;
     std::unique_ptr<Store> store_; // null when nobody is logged on
     std::unique_ptr<Transaction> multiSave_;
+    std::int64_t lastNumber_ = 0; // that was used before the multi-save
     HandleTable<QV_ObjectHandle, ObjectState, 1> objects_;
     HandleTable<QV_ListHandle, List, 2> lists_;
     HandleTable<QV_ReportHandle, ExplosionReport, 3> reports_;

@@ -129,8 +129,8 @@ Values Object::changeable(Store& store, const std::string& user) const
     checkNotHeldByOther(*class_, values, user);
     if (integerAt(*rows, 0, 0) != stored_->updateCount) {
         fail(Failure::ChangedByOther, "the ", class_->name, " with db_object_id '", stored_->id,
-             "' was saved by another user since it was opened; nothing was stored, open it again and repeat "
-             "the change");
+             "' is not as it was when it was opened: another user saved it, or a multi-save was discarded; "
+             "nothing was stored, open it again and repeat the change");
     }
     return values;
 }
@@ -300,6 +300,26 @@ void Object::setCheckInDefaults(Store& store, const std::string& user)
 void Object::setCheckOutDefaults() const
 {
     static_cast<void>(versionId());
+}
+
+void Object::multiSaveStarted() noexcept
+{
+    if (stored_) {
+        stored_->isInMultiSave = false;
+    }
+}
+
+void Object::multiSaveDiscarded(std::int64_t lastId) noexcept
+{
+    if (!stored_ || !stored_->isInMultiSave) {
+        return;
+    }
+    if (stored_->id > lastId) {
+        stored_.reset();
+        loaded_.clear();
+    } else {
+        stored_->updateCount = 0; // less than that of any stored object
+    }
 }
 
 } // namespace qvserver

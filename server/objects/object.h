@@ -55,11 +55,18 @@ public:
     /** Does nothing but check the handle: a check-out has no attributes to fill in. */
     void setCheckOutDefaults() const;
 
+    /** From now on everything that is stored or loaded belongs to a multi-save. */
+    void multiSaveStarted() noexcept;
+    /** The multi-save was discarded, in which the objects with an id above `lastId` were created. This object stands for
+     * such a one no longer; one that it loaded must be opened again before it is saved. */
+    void multiSaveDiscarded(std::int64_t lastId) noexcept;
+
 private:
     /** The stored object, and how often it had been saved when it was loaded. */
     struct Stored {
         std::int64_t id;
         std::int64_t updateCount;
+        bool isInMultiSave = true; // loaded since the last multi-save began, if any did
     };
 
     /** Runs `work(object)` on a copy of this object in one transaction, and loads the object whose id it returns, which
