@@ -6,6 +6,12 @@
 
 namespace qvserver {
 
+namespace {
+
+Messages ofProcess; // made when the library is loaded, like the session
+
+} // namespace
+
 int Messages::report(Failure failure, const char* text) noexcept
 {
     const int code = static_cast<int>(failure);
@@ -22,8 +28,7 @@ int Messages::report(Failure failure, const char* text) noexcept
 
 Messages& messages() noexcept
 {
-    static Messages kept;
-    return kept;
+    return ofProcess;
 }
 
 } // namespace qvserver

@@ -9,6 +9,13 @@
 
 namespace qvserver {
 
+namespace {
+
+// Made when the library is loaded, so that it is still there when the destructors of a program's own static objects call.
+Session ofProcess;
+
+} // namespace
+
 void Session::closeEnvironment()
 {
     if (!environmentOpen_) {
@@ -117,9 +124,8 @@ Object& Session::object(QV_ObjectHandle handle)
     return *object;
 }
 
-Session& session()
+Session& session() noexcept
 {
-    static Session ofProcess;
     return ofProcess;
 }
 

@@ -75,7 +75,7 @@ private:
 };
 
 /** The session of this process. */
-Session& session();
+Session& session() noexcept;
 
 } // namespace qvserver
 

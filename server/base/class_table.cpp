@@ -198,6 +198,11 @@ Class translationEntry()
     return {classes::translationEntry, {"table_name", "from"}, {{"table_name"}, {"from"}, {"to"}}};
 }
 
+const std::vector<Class> all = {engineeringChange(),  item(),          affectedItem(),  effectivity(),
+                                itemAssociation(),    document(),      bomHeader(),     component(),
+                                componentReference(), itemReference(), productOption(), productPackage(),
+                                translationEntry()};
+
 } // namespace
 
 const Attribute* Class::attribute(std::string_view path) const noexcept
@@ -215,18 +220,13 @@ const Relation* Class::relation(std::string_view relationName) const noexcept
     return found == relations.end() ? nullptr : &*found;
 }
 
-const std::vector<Class>& allClasses()
+const std::vector<Class>& allClasses() noexcept
 {
-    static const std::vector<Class> all = {
-        engineeringChange(), item(),           affectedItem(),    effectivity(),        itemAssociation(),
-        document(),          bomHeader(),      component(),       componentReference(), itemReference(),
-        productOption(),     productPackage(), translationEntry()};
     return all;
 }
 
 const Class& classNamed(std::string_view name)
 {
-    const auto& all = allClasses();
     const auto found =
         std::find_if(all.begin(), all.end(), [name](const Class& known) { return known.name == name; });
     if (found == all.end()) {

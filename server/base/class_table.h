@@ -154,7 +154,7 @@ struct Class {
 };
 
 /** All classes. */
-const std::vector<Class>& allClasses();
+const std::vector<Class>& allClasses() noexcept;
 
 /** The class of that name; fails when there is none. */
 const Class& classNamed(std::string_view name);

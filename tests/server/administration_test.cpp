@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <filesystem>
 
 #include <gtest/gtest.h>
@@ -36,6 +37,28 @@ int logOn()
 {
     std::array<char, 1> reserved = {};
     return QV_Open_Env() + QV_Logon("jdoe", "secret", reserved.data(), reserved.data());
+}
+
+/** A static object of a program, which goes on with the session until the very end. */
+struct StaticObject {
+    bool isUsed = false;
+    ~StaticObject()
+    {
+        if (isUsed && saveChange("LAST") + QV_Logoff() + QV_Close_Env() != 0) {
+            std::_Exit(1);
+        }
+    }
+} staticObject;
+
+TEST(SessionTest, LastsUntilTheDestructorsOfStaticObjects)
+{
+    const auto useSession = [] {
+        harness::Environment environment;
+        environment.set("QV_STORE", "sqlite::memory:");
+        staticObject.isUsed = logOn() == 0;
+        std::exit(staticObject.isUsed ? 0 : 2);
+    };
+    EXPECT_EXIT(useSession(), testing::ExitedWithCode(0), "");
 }
 
 TEST(StoreTest, IsMadeOrLeavesNothingBehindWhenMemoryEnds)
