@@ -20,6 +20,12 @@ namespace qvserver {
 template <typename Call>
 int guardWithoutLogon(Call call) noexcept
 {
+    if (session().isInherited()) {
+        return messages().report(
+            Failure::ForkedProcess,
+            "this process was forked from one that is logged on, whose logon it cannot "
+            "use; fork before the logon, or start another program, which logs on itself");
+    }
     try {
         call(session());
         return 0;

@@ -2,6 +2,9 @@
 #include "server/api/session.h"
 
 #include <exception>
+#include <new>
+
+#include <pthread.h>
 
 #include "server/administration/password.h"
 #include "server/administration/store_location.h"
@@ -11,10 +14,33 @@ namespace qvserver {
 
 namespace {
 
+/** What a forked process inherited and must not close: that would take the locks and the log of the store from the
+ * process that uses it. Kept here so that it does not count as leaked. */
+struct Inherited {
+    Transaction* multiSave = nullptr;
+    Store* store = nullptr;
+} inherited;
+
 // Made when the library is loaded, so that it is still there when the destructors of a program's own static objects call.
 Session ofProcess;
 
 } // namespace
+
+Session::~Session()
+{
+    if (isInherited_) {
+        inherited = {multiSave_.release(), store_.release()};
+    }
+}
+
+void Session::watchForks()
+{
+    static const bool isWatched =
+        ::pthread_atfork(nullptr, nullptr, [] { session().isInherited_ = session().store_ != nullptr; }) == 0;
+    if (!isWatched) {
+        throw std::bad_alloc();
+    }
+}
 
 void Session::closeEnvironment()
 {
@@ -33,6 +59,7 @@ void Session::logon(const std::string& user, const std::string& password)
     if (store_ != nullptr) {
         fail(Failure::AlreadyLoggedOn, "the user ", inQuotes(user_), " is logged on; log off first");
     }
+    watchForks();
     auto store = openStore(storeLocation());
     const bool accepted =
         store->isOpenToAll() ? !user.empty() : isPassword(password, store->passwordHash(user));

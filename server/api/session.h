@@ -29,6 +29,14 @@ using ObjectState = std::variant<Record, Object>;
  */
 class Session {
 public:
+    Session() = default;
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+    ~Session();
+
+    /** Whether this process was forked from the one that logged on, which alone may go on with the session. */
+    bool isInherited() const noexcept { return isInherited_; }
+
     void openEnvironment() noexcept { environmentOpen_ = true; }
     /** Closes the environment; a user who is logged on is logged off. */
     void closeEnvironment();
@@ -55,6 +63,8 @@ public:
     Object& object(QV_ObjectHandle handle);
 
 private:
+    /** Has every process that is forked from now on know whether it inherited the session of a logon. */
+    static void watchForks();
     /** Fails when there is no multi-save that could be ended by `action`. */
     void requireMultiSave(const char* action) const;
     /** Calls `visit(object)` for every object behind a handle. */
@@ -66,6 +76,7 @@ private:
     bool environmentOpen_ = false;
     std::string user_;
     std::unique_ptr<Store> store_; // null when nobody is logged on
+    bool isInherited_ = false;
     std::unique_ptr<Transaction> multiSave_;
     std::int64_t lastNumber_ = 0; // that was used before the multi-save
     HandleTable<QV_ObjectHandle, ObjectState, 1> objects_;

@@ -186,6 +186,13 @@ class Calls:
     def log_on(self, *words):
         return log_on(*words)
 
+    def fork(self):
+        """What a forked process is answered, which then ends as a program does."""
+        if (child := os.fork()) == 0:
+            ctypes.CDLL(None).exit(-LIBRARY.QV_Logoff())
+        code = -os.waitstatus_to_exitcode(os.waitpid(child, 0)[1])
+        raise Refused(code, "")
+
     def become_nobody(self):
         """Drops the rights of the superuser, whom permissions do not bind."""
         if os.geteuid() == 0:

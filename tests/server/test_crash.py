@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: Apache-2.0
-"""Processes that are killed in the middle of their work."""
+"""Processes that are killed in the middle of their work, or forked."""
 import os
 import random
 
@@ -41,3 +41,10 @@ class Crash(ServerTest):
         self.assertGreater(before, 0)
         self.assertEqual(self.sql("PRAGMA integrity_check"), [("ok",)])
         self.tell("save EngineeringChange id=AFTER")
+
+    def test_a_forked_process_is_refused_and_leaves_the_store_alone(self):
+        self.tell("shared\nstart")
+        for number in range(700):  # more than the database keeps in memory
+            self.values("save", "EngineeringChange", f"id=EC{number}", "desc=" + "x" * 4000)
+        self.tell("fork -> -124\nsave EngineeringChange id=LAST\ncommit\njdoe2: query EngineeringChange -> 701")
+        self.assertEqual(self.sql("PRAGMA integrity_check"), [("ok",)])
