@@ -10,6 +10,7 @@
 #include <new>
 #include <string_view>
 
+#include "server/api/entry.h"
 #include "server/api/messages.h"
 #include "server/api/session.h"
 #include "server/base/errors.h"
@@ -25,6 +26,10 @@ int guardWithoutLogon(Call call) noexcept
             Failure::ForkedProcess,
             "this process was forked from one that is logged on, whose logon it cannot "
             "use; fork before the logon, or start another program, which logs on itself");
+    }
+    const Entry entry;
+    if (!entry.isOnly()) {
+        return messages().reportSecondThread();
     }
     try {
         call(session());

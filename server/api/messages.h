@@ -18,14 +18,16 @@ public:
     /** Records the message and returns the code of `failure`. */
     int report(Failure failure, const char* text) noexcept;
 
-    int size() const noexcept { return size_; }
+    /** Records, for this thread alone, that it called while another one was in a call, which may be recording a message
+     * of its own; returns the code of that. */
+    static int reportSecondThread() noexcept;
+
+    int size() const noexcept;
     /** Code and text of message `index`; "" when there is none. */
-    const char* code(int index) const noexcept { return exists(index) ? code_.data() : ""; }
-    const char* text(int index) const noexcept { return exists(index) ? text_ : ""; }
+    const char* code(int index) const noexcept;
+    const char* text(int index) const noexcept;
 
 private:
-    bool exists(int index) const noexcept { return index >= 0 && index < size_; }
-
     int size_ = 0;
     std::array<char, 16> code_ = {};
     std::string kept_;

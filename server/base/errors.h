@@ -33,6 +33,7 @@ enum class Failure : int {
     LogonRefused = -122,               // wrong user or wrong password
     AlreadyLoggedOn = -123,            // a second logon without a logoff
     ForkedProcess = -124,              // the process was forked after the logon
+    SecondThread = -125,               // another thread is in a call
     NotFound = -210,                   // no stored object has these keys
     AlreadyStored = QV_ALREADY_STORED, // an object with the same keys is stored
     ReferenceMissing = -230,           // the object refers to one that is not stored

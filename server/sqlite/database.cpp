@@ -40,8 +40,7 @@ void numberOfSqlite(sqlite3_context* context, int /*count*/, sqlite3_value** arg
 SqliteDatabase::SqliteDatabase(const std::string& path)
 {
     sqlite3* opened = nullptr;
-    constexpr int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE |
-                          SQLITE_OPEN_NOMUTEX; // the interface is used from one thread at a time
+    constexpr int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_FULLMUTEX;
     const int code = sqlite3_open_v2(path.c_str(), &opened, flags, nullptr);
     handle_.reset(opened);
     if (code != SQLITE_OK) {

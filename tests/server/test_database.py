@@ -2,6 +2,7 @@
 """What the server makes of the database: which indexes its statements use, how much work they are, how often it commits."""
 import ctypes
 import os
+import threading
 import unittest
 from ctypes import CFUNCTYPE, POINTER, c_char_p, c_int, c_int64, c_uint, c_void_p
 
@@ -132,3 +133,20 @@ class Database(unittest.TestCase):
             code, texts = self.calls.carry_out(command, "EngineeringChange", f"id={name}")
             self.assertEqual(code, -301, texts)
             self.assertIn("damaged", texts[0])
+
+    def test_a_second_thread_is_refused(self):
+        self.store_items(100000)
+        self.calls.clause("l:ItemEngineeringData", "Select", ITEM)
+        opened, messages = [], set()
+
+        def open_list():
+            while not opened or opened[-1] == -125:
+                opened.append(LIBRARY.QV_Open_List(self.calls.lists["l"]))
+
+        thread = threading.Thread(target=open_list)
+        thread.start()
+        while thread.is_alive():
+            if LIBRARY.QV_Open_Env() == -125:
+                messages.add(LIBRARY.QV_Error_MsgTxt(0))
+        self.assertEqual(opened[-1], 0)
+        self.assertIn(b"thread", messages.pop())
