@@ -26,7 +26,7 @@ protected:
             if (call.function != "QV_Set_Object_Attr") {
                 continue;
             }
-            if (call.hasText("marked")) {
+            if (call.arguments[1] == "\"marked\"") {
                 marked = &call;
             } else if (marked != nullptr && call.arguments[0] == marked->arguments[0]) {
                 names.insert(call.arguments[1].substr(1, call.arguments[1].size() - 2));

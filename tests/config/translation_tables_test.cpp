@@ -124,7 +124,7 @@ TEST_F(TranslationTables, AFailureIsReportedAndNeverStopsTheReading)
             restart();
             connect();
             writeFile("QVL_RZM_DEFAULT", "XlatRead COLOUR_TAB COLOUR_TAB\n");
-            standin::answerCall(failing, -7, {{"Q7", "Unreadable"}});
+            standin::answer(std::to_string(failing), -7, {{"Q7", "Unreadable"}});
             const Outcome outcome = read(reader, "COLOUR_TAB");
             EXPECT_EQ(outcome.result, left.empty() ? 0 : 3);
             EXPECT_EQ(pairs(), left);

@@ -125,8 +125,7 @@ void LibraryTest::startProcess()
 
 void LibraryTest::endProcess()
 {
-    standin::noteLeaks({QV_ObjPtr, QV_ListPtr, QV_RepPtr});
-    EXPECT_EQ(standin::violations(), "");
+    EXPECT_EQ(standin::violations({QV_ObjPtr, QV_ListPtr, QV_RepPtr}), "");
     closeLog(QVL_Log_File);
     closeLog(QVL_ErrLog_File);
     environment_.reset();

@@ -76,16 +76,7 @@ void prepareBy(const std::string& line)
     const std::string& verb = words.front();
     if (verb == "answer") {
         const std::size_t message = line.find(" - ");
-        const standin::Answer answer{
-            std::stoi(words.at(2)),
-            message == std::string::npos
-                ? std::vector<standin::Message>()
-                : std::vector<standin::Message>{{words.at(3), line.substr(message + 3)}}};
-        if (words[1].find("QV_") == 0) {
-            standin::script().functions[words[1]] = answer;
-        } else {
-            standin::script().calls[std::stoul(words[1])] = answer;
-        }
+        standin::answer(words[1], std::stoi(words.at(2)), {{words.at(3), line.substr(message + 3)}});
     } else if (verb == "hands") {
         standin::script().handOvers[words.at(2)] = standin::HandOver::Always;
     } else if (verb == "record") {
@@ -241,7 +232,7 @@ std::vector<ToldCall> StoryTest::expectWhole(int level, const Scene& scene, Use 
     teller.tellEnd();
     for (std::size_t call = 1; answer && call <= teller.calls().size(); ++call) {
         if (answer->call == call || (answer->call == 0 && teller.calls()[call - 1].code == 0)) {
-            standin::answerCall(call, answer->code, {{"E7", "refused"}});
+            standin::answer(std::to_string(call), answer->code, {{"E7", "refused"}});
         }
     }
     const std::string errorBefore = lastError();

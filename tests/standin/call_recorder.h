@@ -57,11 +57,29 @@ struct State {
     std::string violations;
 
     void violation(const std::string& text) { violations += text + '\n'; }
+    /** Element `index`; none, and a violation, when there is no such one. */
+    template <class Element>
+    const Element* elementAt(const std::vector<Element>& all, int index, const std::string& function)
+    {
+        if (index >= 0 && index < static_cast<int>(all.size())) {
+            return &all[static_cast<std::size_t>(index)];
+        }
+        violation(function + ": nothing at " + std::to_string(index));
+        return nullptr;
+    }
     /** A copy that lives until the next call, so that a text that was not copied at once is found out. */
     const char* handOut(const std::optional<std::string>& text);
 };
 
 State& state();
+
+/** A handle variable whose handle a call destroys. */
+template <class Kind>
+struct Destroyed {
+    Kind** variable;
+};
+template <class Kind>
+Destroyed(Kind**) -> Destroyed<Kind>;
 
 /** Records one call: made first in every function, told the arguments in order, asked for the code last. */
 class CallRecorder {
@@ -76,11 +94,16 @@ public:
     /** A handle variable that the call fills. */
     template <class Kind>
     void add(Kind** variable);
-    /** A handle variable whose handle the call destroys. */
     template <class Kind>
-    void destroy(Kind** variable);
-    /** A call that cannot be answered as asked: notes why and fails it. */
-    void refuse(const std::string& why);
+    void add(Destroyed<Kind> destroyed);
+    /** What is asked for; when it does not exist, the call fails. */
+    template <class Element>
+    const Element* elementAt(const std::vector<Element>& all, int index)
+    {
+        const Element* const found = state().elementAt(all, index, call_.function);
+        answer_ = found != nullptr ? answer_ : Answer{-1, {{"STANDIN", "not there"}}};
+        return found;
+    }
     /** Ends the call; the code to return. */
     int code();
 
@@ -113,8 +136,9 @@ void CallRecorder::add(Kind** variable)
 }
 
 template <class Kind>
-void CallRecorder::destroy(Kind** variable)
+void CallRecorder::add(Destroyed<Kind> destroyed)
 {
+    Kind** const variable = destroyed.variable;
     if (*variable == nullptr) {
         call_.arguments.emplace_back("null");
         return;

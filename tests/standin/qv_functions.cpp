@@ -4,6 +4,7 @@
 #include "tests/standin/call_recorder.h"
 
 using standin::CallRecorder;
+using standin::Destroyed;
 using standin::script;
 using standin::state;
 
@@ -17,51 +18,74 @@ int call(const char* function, Arguments... arguments)
     return call.code();
 }
 
-template <class Kind>
-int destroy(const char* function, Kind** variable)
+template <class Subject>
+int sizeOf(const char* function, Subject subject, std::size_t count, int* size)
 {
     CallRecorder call(function);
-    call.destroy(variable);
+    call.add(subject);
+    *size = call.succeeds() ? static_cast<int>(count) : *size;
+    call.add(*size);
     return call.code();
 }
 
 /** Message `index` of the last call; an empty one, and a violation, when there is none. */
-standin::Message messageAt(const char* function, int index)
+const char* message(const char* function, int index, std::optional<std::string> standin::Message::*part)
 {
-    const auto& messages = state().messages;
-    if (index < 0 || index >= static_cast<int>(messages.size())) {
-        state().violation(std::string(function) + ": no message " + std::to_string(index));
-        return {"", ""};
-    }
-    return messages[static_cast<std::size_t>(index)];
+    const standin::AmpleMemory ample;
+    const standin::Message* const found = state().elementAt(state().messages, index, function);
+    return state().handOut(found != nullptr ? found->*part : "");
 }
 
 } // namespace
 
-int QV_Open_Env()
-{
-    return call("QV_Open_Env");
-}
-int QV_Close_Env()
-{
-    return call("QV_Close_Env");
-}
-int QV_Logoff()
-{
-    return call("QV_Logoff");
-}
+// What is recorded and nothing else.
+// clang-format off
+int QV_Open_Env() { return call(__func__); }
+int QV_Close_Env() { return call(__func__); }
+int QV_Logoff() { return call(__func__); }
+int QV_Create_Object(QV_ObjectHandle* object, const char* className)
+{ return call(__func__, object, className); }
+int QV_Destroy_Object(QV_ObjectHandle* object) { return call(__func__, Destroyed{object}); }
+int QV_Set_Object_Attr(QV_ObjectHandle object, const char* path, const char* value)
+{ return call(__func__, object, path, value); }
+int QV_Subscribe_Object_Attr(QV_ObjectHandle object, const char* path)
+{ return call(__func__, object, path); }
+int QV_Open_Object(QV_ObjectHandle object) { return call(__func__, object); }
+int QV_Save_Object(QV_ObjectHandle object) { return call(__func__, object); }
+int QV_Delete_Object(QV_ObjectHandle object) { return call(__func__, object); }
+int QV_Create_List(QV_ListHandle* list, const char* className) { return call(__func__, list, className); }
+int QV_Destroy_List(QV_ListHandle* list) { return call(__func__, Destroyed{list}); }
+int QV_Set_Clause(QV_ListHandle list, const char* kind, const char* text)
+{ return call(__func__, list, kind, text); }
+int QV_Open_List(QV_ListHandle list) { return call(__func__, list); }
+int QV_Create_Report(QV_ReportHandle* report, const char* className, const char* reportName)
+{ return call(__func__, report, className, reportName); }
+int QV_Destroy_Report(QV_ReportHandle* report) { return call(__func__, Destroyed{report}); }
+int QV_Set_Report_Attr(QV_ReportHandle report, const char* name, const char* value)
+{ return call(__func__, report, name, value); }
+int QV_Subscribe_Report_Attr(QV_ReportHandle report, const char* path)
+{ return call(__func__, report, path); }
+int QV_Generate_Report(QV_ReportHandle report, QV_ListHandle* list) { return call(__func__, report, list); }
+int QV_Set_Doc_CheckIn_Defaults(QV_ObjectHandle document) { return call(__func__, document); }
+int QV_Set_Doc_CheckOut_Defaults(QV_ObjectHandle document) { return call(__func__, document); }
+int QV_CheckIn_Doc(QV_ObjectHandle document, int option) { return call(__func__, document, option); }
+int QV_CheckOut_Doc(QV_ObjectHandle document) { return call(__func__, document); }
+int QV_Cancel_CheckOut_Doc(QV_ObjectHandle document) { return call(__func__, document); }
+int QV_Create_and_CheckIn_Doc(QV_ObjectHandle document, int option)
+{ return call(__func__, document, option); }
+int QV_Make_New_Revision(QV_ObjectHandle document, QV_ObjectHandle* revision)
+{ return call(__func__, document, revision); }
+int QV_Start_Multisave() { return call(__func__); }
+int QV_Commit_Multisave() { return call(__func__); }
+int QV_Discard_Multisave() { return call(__func__); }
+// clang-format on
 
 int QV_Logon(const char* user, const char* password, char* reserved1, char* reserved2)
 {
-    const int code = call("QV_Logon", user, password, reserved1, reserved2);
-    // Each has room for one character and its end, apart from the other's.
-    for (char* const reserved : {reserved1, reserved2}) {
-        if (reserved != nullptr) {
-            reserved[0] = 'r';
-            reserved[1] = '\0';
-        }
-    }
-    if (reserved1 != nullptr && std::string(reserved1) != "r") {
+    const int code = call(__func__, user, password, reserved1, reserved2);
+    reserved1[0] = reserved2[0] = 'r'; // each has room for a character and its end, apart from the other's
+    reserved1[1] = reserved2[1] = '\0';
+    if (std::string(reserved1) != "r") {
         state().violation("QV_Logon: no room for a character and its end");
     }
     return code;
@@ -77,54 +101,20 @@ int QV_Error_Size()
 
 const char* QV_Error_MsgCode(int index)
 {
-    const standin::AmpleMemory ample;
-    return state().handOut(messageAt("QV_Error_MsgCode", index).code);
+    return message(__func__, index, &standin::Message::code);
 }
+
 const char* QV_Error_MsgTxt(int index)
 {
-    const standin::AmpleMemory ample;
-    return state().handOut(messageAt("QV_Error_MsgTxt", index).text);
-}
-
-int QV_Create_Object(QV_ObjectHandle* object, const char* className)
-{
-    return call("QV_Create_Object", object, className);
-}
-
-int QV_Destroy_Object(QV_ObjectHandle* object)
-{
-    return destroy("QV_Destroy_Object", object);
-}
-
-int QV_Set_Object_Attr(QV_ObjectHandle object, const char* path, const char* value)
-{
-    return call("QV_Set_Object_Attr", object, path, value);
-}
-
-int QV_Subscribe_Object_Attr(QV_ObjectHandle object, const char* path)
-{
-    return call("QV_Subscribe_Object_Attr", object, path);
-}
-
-int QV_Open_Object(QV_ObjectHandle object)
-{
-    return call("QV_Open_Object", object);
-}
-int QV_Save_Object(QV_ObjectHandle object)
-{
-    return call("QV_Save_Object", object);
-}
-int QV_Delete_Object(QV_ObjectHandle object)
-{
-    return call("QV_Delete_Object", object);
+    return message(__func__, index, &standin::Message::text);
 }
 
 int QV_Get_Object_Attr(QV_ObjectHandle object, const char* path, const char** value)
 {
-    CallRecorder call("QV_Get_Object_Attr");
+    CallRecorder call(__func__);
     call.add(object);
     call.add(path);
-    if (call.succeeds() && path != nullptr) {
+    if (call.succeeds()) {
         const bool isOfRecord = object != nullptr && object->record.count(path) > 0;
         const standin::Record& source = isOfRecord ? object->record : script().values;
         const auto found = source.find(path);
@@ -133,144 +123,38 @@ int QV_Get_Object_Attr(QV_ObjectHandle object, const char* path, const char** va
     return call.code();
 }
 
-int QV_Create_List(QV_ListHandle* list, const char* className)
-{
-    return call("QV_Create_List", list, className);
-}
-
-int QV_Destroy_List(QV_ListHandle* list)
-{
-    return destroy("QV_Destroy_List", list);
-}
-
-int QV_Set_Clause(QV_ListHandle list, const char* kind, const char* text)
-{
-    return call("QV_Set_Clause", list, kind, text);
-}
-
-int QV_Open_List(QV_ListHandle list)
-{
-    return call("QV_Open_List", list);
-}
-
 int QV_SizeOf_List(QV_ListHandle list, int* size)
 {
-    CallRecorder call("QV_SizeOf_List");
-    call.add(list);
-    if (call.succeeds()) {
-        *size = static_cast<int>(script().records.size());
-    }
-    call.add(*size);
-    return call.code();
+    return sizeOf(__func__, list, script().records.size(), size);
 }
 
 int QV_Read_List(QV_ListHandle list, int index, QV_ObjectHandle* record)
 {
-    CallRecorder call("QV_Read_List");
+    CallRecorder call(__func__);
     call.add(list);
     call.add(index);
-    const auto& records = script().records;
-    const bool isThere = index >= 0 && index < static_cast<int>(records.size());
-    if (!isThere) {
-        call.refuse("no record " + std::to_string(index));
-    }
+    const standin::Record* const found = call.elementAt(script().records, index);
     call.add(record);
-    if (*record != nullptr && isThere) {
-        (*record)->record = records[static_cast<std::size_t>(index)];
+    if (*record != nullptr && found != nullptr) {
+        (*record)->record = *found;
     }
     return call.code();
-}
-
-int QV_Create_Report(QV_ReportHandle* report, const char* className, const char* reportName)
-{
-    return call("QV_Create_Report", report, className, reportName);
-}
-
-int QV_Destroy_Report(QV_ReportHandle* report)
-{
-    return destroy("QV_Destroy_Report", report);
-}
-
-int QV_Set_Report_Attr(QV_ReportHandle report, const char* name, const char* value)
-{
-    return call("QV_Set_Report_Attr", report, name, value);
-}
-
-int QV_Subscribe_Report_Attr(QV_ReportHandle report, const char* path)
-{
-    return call("QV_Subscribe_Report_Attr", report, path);
-}
-
-int QV_Generate_Report(QV_ReportHandle report, QV_ListHandle* list)
-{
-    return call("QV_Generate_Report", report, list);
-}
-
-int QV_Set_Doc_CheckIn_Defaults(QV_ObjectHandle document)
-{
-    return call("QV_Set_Doc_CheckIn_Defaults", document);
-}
-int QV_Set_Doc_CheckOut_Defaults(QV_ObjectHandle document)
-{
-    return call("QV_Set_Doc_CheckOut_Defaults", document);
-}
-int QV_CheckIn_Doc(QV_ObjectHandle document, int option)
-{
-    return call("QV_CheckIn_Doc", document, option);
-}
-int QV_CheckOut_Doc(QV_ObjectHandle document)
-{
-    return call("QV_CheckOut_Doc", document);
-}
-int QV_Cancel_CheckOut_Doc(QV_ObjectHandle document)
-{
-    return call("QV_Cancel_CheckOut_Doc", document);
-}
-int QV_Create_and_CheckIn_Doc(QV_ObjectHandle document, int option)
-{
-    return call("QV_Create_and_CheckIn_Doc", document, option);
-}
-int QV_Make_New_Revision(QV_ObjectHandle document, QV_ObjectHandle* revision)
-{
-    return call("QV_Make_New_Revision", document, revision);
-}
-
-int QV_Start_Multisave()
-{
-    return call("QV_Start_Multisave");
-}
-int QV_Commit_Multisave()
-{
-    return call("QV_Commit_Multisave");
-}
-int QV_Discard_Multisave()
-{
-    return call("QV_Discard_Multisave");
 }
 
 int QV_SizeOf_Xlat(const char* tableName, int* size)
 {
-    CallRecorder call("QV_SizeOf_Xlat");
-    call.add(tableName);
-    if (call.succeeds() && tableName != nullptr) {
-        *size = static_cast<int>(script().translations[tableName].size());
-    }
-    call.add(*size);
-    return call.code();
+    return sizeOf(__func__, tableName, script().translations[tableName].size(), size);
 }
 
 int QV_Read_Xlat(const char* tableName, int index, const char** from, const char** to)
 {
-    CallRecorder call("QV_Read_Xlat");
+    CallRecorder call(__func__);
     call.add(tableName);
     call.add(index);
-    const auto& entries = script().translations[tableName == nullptr ? "" : tableName];
-    if (index < 0 || index >= static_cast<int>(entries.size())) {
-        call.refuse("no entry " + std::to_string(index));
-    } else if (call.succeeds()) {
-        const auto& entry = entries[static_cast<std::size_t>(index)];
-        *from = state().handOut(entry.first);
-        *to = state().handOut(entry.second);
+    const auto* const entry = call.elementAt(script().translations[tableName], index);
+    if (entry != nullptr && call.succeeds()) {
+        *from = state().handOut(entry->first);
+        *to = state().handOut(entry->second);
     }
     return call.code();
 }

@@ -7,15 +7,6 @@
 
 namespace standin {
 
-namespace {
-
-std::string quoted(const std::string& text)
-{
-    return '"' + text + '"';
-}
-
-} // namespace
-
 State& state()
 {
     static State instance;
@@ -36,11 +27,6 @@ std::string Call::line() const
     return text + ") = " + std::to_string(code);
 }
 
-bool Call::hasText(const std::string& text) const
-{
-    return std::find(arguments.begin(), arguments.end(), quoted(text)) != arguments.end();
-}
-
 void reset()
 {
     state() = State();
@@ -49,15 +35,6 @@ void reset()
 const std::vector<Call>& calls()
 {
     return state().calls;
-}
-
-std::string transcript()
-{
-    std::string text;
-    for (const Call& call : state().calls) {
-        text += call.line() + '\n';
-    }
-    return text;
 }
 
 void forgetCalls()
@@ -75,14 +52,9 @@ Script& script()
     return state().script;
 }
 
-void answerCall(std::size_t number, int code, std::vector<Message> messages)
+void answer(const std::string& call, int code, std::vector<Message> messages)
 {
-    script().calls[number] = {code, std::move(messages)};
-}
-
-void answer(const std::string& function, int code, std::vector<Message> messages)
-{
-    script().functions[function] = {code, std::move(messages)};
+    script().answers[call] = {code, std::move(messages)};
 }
 
 void failLastCall(std::vector<Message> messages)
@@ -91,18 +63,13 @@ void failLastCall(std::vector<Message> messages)
     state().messages = std::move(messages);
 }
 
-std::string violations()
-{
-    return state().violations;
-}
-
 std::string nameOf(const void* handle)
 {
     const Handle* const known = CallRecorder::find(handle);
     return known != nullptr ? known->name : "null";
 }
 
-void noteLeaks(std::initializer_list<const void*> held)
+std::string violations(std::initializer_list<const void*> held)
 {
     for (const auto& handle : state().handles) {
         const bool isHeld = std::find(held.begin(), held.end(), handle.get()) != held.end();
@@ -110,14 +77,16 @@ void noteLeaks(std::initializer_list<const void*> held)
             state().violation("handle " + handle->name + " leaked");
         }
     }
+    return state().violations;
 }
 
 CallRecorder::CallRecorder(const char* function)
 {
     call_.function = function;
     state().handedOut.clear();
-    const auto byNumber = script().calls.find(state().calls.size() + 1);
-    answer_ = byNumber != script().calls.end() ? byNumber->second : script().functions[function];
+    auto& answers = script().answers;
+    const auto byNumber = answers.find(std::to_string(state().calls.size() + 1));
+    answer_ = byNumber != answers.end() ? byNumber->second : answers[function];
 }
 
 void CallRecorder::add(const char* text)
@@ -125,7 +94,7 @@ void CallRecorder::add(const char* text)
     if (text == nullptr) {
         violation("null text passed");
     }
-    call_.arguments.push_back(text == nullptr ? "null" : quoted(text));
+    call_.arguments.push_back(text == nullptr ? "null" : '"' + std::string(text) + '"');
 }
 
 void CallRecorder::add(const Handle* handle)
@@ -145,12 +114,6 @@ Handle* CallRecorder::find(const void* handle)
     const auto found = std::find_if(handles.begin(), handles.end(),
                                     [=](const auto& known) { return known.get() == handle; });
     return found == handles.end() ? nullptr : found->get();
-}
-
-void CallRecorder::refuse(const std::string& why)
-{
-    violation(why);
-    answer_ = {-1, {{"STANDIN", why}}};
 }
 
 int CallRecorder::code()

@@ -5,10 +5,10 @@
 // call succeeds with 0.
 //
 //     standin::script().values["id"] = "EC-1";               // what QV_Get_Object_Attr hands out
-//     standin::answerCall(2, -7, {{"E1", "no such class"}}); // the second call from now on fails
+//     standin::answer("2", -7, {{"E1", "no such class"}}); // the second call from now on fails
 //     ... use the library ...
-//     EXPECT_EQ(standin::transcript(), "QV_Create_Object(obj1, \"EngineeringChange\") = 0\n" ...);
-//     EXPECT_EQ(standin::violations(), "");
+//     EXPECT_EQ(standin::calls()[1].line(), "QV_Open_Object(obj1) = -7");
+//     EXPECT_EQ(standin::violations({QV_ObjPtr}), "");
 //
 // The three message functions are no calls of their own: they are neither recorded nor counted. They answer
 // for the last call only, as the server does, so a check that comes too late finds nothing and is a
@@ -36,8 +36,6 @@ struct Call {
     /** `QV_Set_Object_Attr(obj1, "id", "EC-1") = 0`; a handle that a create fills is the new one, null if
      * none. */
     std::string line() const;
-    /** Whether one of the arguments is this text. */
-    bool hasText(const std::string& text) const;
 };
 
 /** A message of a failed call; without a value a null pointer is handed out. */
@@ -58,8 +56,6 @@ void reset();
 // What was called.
 /** The calls since the last reset or forgetCalls. */
 const std::vector<Call>& calls();
-/** The same, one line each. */
-std::string transcript();
 /** Starts recording and counting afresh; handles and script stay. */
 void forgetCalls();
 /** Has `observer` told of each call as it is made; an empty one ends that. */
@@ -72,9 +68,8 @@ struct Answer {
     std::vector<Message> messages = {};
 };
 struct Script {
-    /** By number, counted from 1 since the last reset or forgetCalls; otherwise by function. */
-    std::map<std::size_t, Answer> calls;
-    std::map<std::string, Answer> functions;
+    /** By the number of the call, counted from 1 since the last reset or forgetCalls; otherwise by function. */
+    std::map<std::string, Answer> answers;
     /** When a function fills its handle variable; on success if nothing is said. */
     std::map<std::string, HandOver> handOvers;
     /** The attributes of every object that has none of its own from a list record; "" if nothing is said. */
@@ -87,23 +82,20 @@ struct Script {
     std::optional<int> errorSize;
 };
 Script& script();
-/** Answers call `number`. */
-void answerCall(std::size_t number, int code, std::vector<Message> messages = {});
-/** Answers every call of `function`. */
-void answer(const std::string& function, int code, std::vector<Message> messages = {});
+/** Answers a call by its number, or every call of a function. */
+void answer(const std::string& call, int code, std::vector<Message> messages = {});
 /** Has the last call count as failed with these messages, for a check without a call before it. */
 void failLastCall(std::vector<Message> messages);
 
 // What was wrong.
 /**
  * What the library did that no client may do, one line each: a null, dead or unknown handle used, a live
- * handle overwritten, a null text passed, a record or message asked for that does not exist.
+ * handle overwritten or, unless it is one of `held`, never given back, a null text passed, a record or message
+ * asked for that does not exist.
  */
-std::string violations();
+std::string violations(std::initializer_list<const void*> held);
 /** The name of a handle that was handed out; "null" of a null one. */
 std::string nameOf(const void* handle);
-/** Notes every live handle that is none of `held` as leaked. */
-void noteLeaks(std::initializer_list<const void*> held);
 
 } // namespace standin
 
