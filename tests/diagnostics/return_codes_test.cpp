@@ -11,16 +11,13 @@ namespace {
 class ReturnCodes : public LibraryTest {
 protected:
     /** Checks the code of a call that set an attribute. */
-    static int use(int code, int stopFlag, const std::string& detail1 = "id",
-                   const std::string& detail2 = "A-100")
-    {
-        QV_RC = code;
-        return Process_QV_RC(Text("ItemOpen"), Text("QV_Set_Object_Attr"), Text(detail1), Text(detail2),
-                             stopFlag);
-    }
     static Outcome check(int code, const std::string& detail1 = "id", const std::string& detail2 = "A-100")
     {
-        return record([&] { return use(code, 1, detail1, detail2); });
+        QV_RC = code;
+        return record([&] {
+            return Process_QV_RC(Text("ItemOpen"), Text("QV_Set_Object_Attr"), Text(detail1), Text(detail2),
+                                 1);
+        });
     }
     static Outcome display(const char* function, const char* text)
     {
@@ -30,47 +27,6 @@ protected:
         });
     }
 };
-
-// What follows is written out in full, since the stories of other tests take it for granted.
-
-TEST_F(ReturnCodes, ZeroAndPositiveCodesAreSuccess)
-{
-    for (const int code : {0, 3, INT_MAX}) {
-        const std::string number = std::to_string(code);
-        storiesOf([&] { return use(code, 1); })
-            .tell(std::string("\n5 ItemOpen QV_Set_Object_Attr id A-100: QV_RC=")
-                      .append(number)
-                      .append(".\nlog ItemOpen- rc(QV_Set_Object_Attr::id=A-100) = ")
-                      .append(number)
-                      .append("\n= 0 FromList= entries=0 LastRecNo=0 QV_RC=")
-                      .append(number)
-                      .append(" SelectedAttribute=[]\n"));
-        EXPECT_EQ(lastError(), version);
-    }
-}
-
-TEST_F(ReturnCodes, AFailureIsReportedOnEveryChannelAndAnswersTheStopFlag)
-{
-    for (const int stopFlag : {0, 1}) {
-        storiesOf([=] {
-            standin::failLastCall({{"E1", "No such item"}, {"E2", "Ask the owner"}});
-            return use(-1, stopFlag);
-        })
-            .tell(R"(
-5 ItemOpen QV_Set_Object_Attr id A-100: QV_RC=-1.
-log ItemOpen- rc(QV_Set_Object_Attr::id=A-100) = -1
-log E1 - No such item
-log E2 - Ask the owner
-0 ****** No such item Ask the owner .
-err Function ItemOpen generated the following error:
-err No such item Ask the owner 
-err ---------------------------------------------------------------------
-= )" + std::to_string(stopFlag) +
-                  R"( FromList= entries=0 LastRecNo=0 QV_RC=-1 SelectedAttribute=[]
-)");
-        EXPECT_EQ(lastError(), "No such item Ask the owner \n");
-    }
-}
 
 TEST_F(ReturnCodes, AMessageWithTheCodeOfTheOneBeforeIsSkippedAndNullIsEmpty)
 {

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/harness/library_test.h"
 
-#include <algorithm>
 #include <cstring>
-#include <iterator>
 
 namespace harness {
 
@@ -44,34 +42,10 @@ void resetGlobals()
 
 } // namespace
 
-void Stories::tell(const std::string& raw) const
-{
-    for (const auto& [level, told] : told_) {
-        EXPECT_EQ(told, story(raw, level)) << "at trace level " << level;
-    }
-}
-
 void LibraryTest::restart()
 {
     endProcess();
     startProcess();
-}
-
-void LibraryTest::atEachLevel(const std::function<void()>& test)
-{
-    for (const int level : {-1, 0, 1, 2, 3, 4, 5, 8, 9}) {
-        SCOPED_TRACE("at trace level " + std::to_string(level));
-        restart();
-        connect(level);
-        test();
-    }
-}
-
-Stories LibraryTest::storiesOf(const std::function<int()>& use)
-{
-    Stories stories;
-    atEachLevel([&] { stories.add(QVL_Traces_Level, record(use).story); });
-    return stories;
 }
 
 void LibraryTest::setEnvironment(const std::string& name, const std::optional<std::string>& value)
@@ -79,10 +53,15 @@ void LibraryTest::setEnvironment(const std::string& name, const std::optional<st
     environment_->set(name, value);
 }
 
-void LibraryTest::connect(int level)
+void LibraryTest::setLevel(int level)
 {
     setEnvironment("QVL_TRACE_LEVEL", std::to_string(level));
     setEnvironment("QVL_LOG_FILE", accessLogPath);
+}
+
+void LibraryTest::connect(int level)
+{
+    setLevel(level);
     captureOutput([] { EXPECT_EQ(QvConnect("jdoe", "secret"), 1); });
     ASSERT_EQ(QVL_Traces_Level, level);
     standin::forgetCalls();
@@ -92,22 +71,6 @@ Outcome LibraryTest::record(const std::function<int()>& use)
 {
     standin::forgetCalls();
     return recordStory(use, accessLogPath, errorLogPath);
-}
-
-void LibraryTest::setFromList(const std::string& kind)
-{
-    std::fill(std::begin(FromList), std::end(FromList), '\0');
-    kind.copy(FromList, sizeof FromList - 1);
-}
-
-void LibraryTest::makeListResult(const std::vector<standin::Record>& records)
-{
-    standin::script().records = records;
-    ASSERT_EQ(QV_Create_List(&QV_ListPtr, "EngineeringChange"), 0);
-    setFromList("List");
-    entries = static_cast<int>(records.size());
-    LastRecNo = -1;
-    standin::forgetCalls();
 }
 
 void LibraryTest::startProcess()

@@ -7,7 +7,6 @@
 #define VELRZM_TESTS_HARNESS_LIBRARY_TEST_H
 
 #include <functional>
-#include <map>
 #include <optional>
 #include <string>
 
@@ -21,17 +20,6 @@
 
 namespace harness {
 
-/** What a use told at each trace level. */
-class Stories {
-public:
-    void add(int level, const std::string& told) { told_[level] = told; }
-    /** Expects the story, as the level lets it through. */
-    void tell(const std::string& raw) const;
-
-private:
-    std::map<int, std::string> told_;
-};
-
 class LibraryTest : public ::testing::Test {
 protected:
     static constexpr const char* version = "RZM 424.1 / QV 340";
@@ -41,24 +29,16 @@ protected:
 
     /** Ends the process, in effect, and starts another one: for a test that goes through several cases. */
     void restart();
-    /** Runs `test` once at each trace level that matters, each time connected in a process of its own. */
-    void atEachLevel(const std::function<void()>& test);
-    /** Records `use` in the same way. */
-    Stories storiesOf(const std::function<int()>& use);
-
     /** Sets an environment variable for the rest of the process; removes it when there is no value. */
     void setEnvironment(const std::string& name, const std::optional<std::string>& value);
+    /** Sets the trace level for the first connection, and the logs to access.log and ./QVL_LOG_ERROR. */
+    void setLevel(int level);
     /** Connects at a trace level, with the logs in access.log and ./QVL_LOG_ERROR; forgets the calls of it.
      */
     void connect(int level = 0);
     /** Runs `use` and gathers what it did; calls are counted afresh. */
     static Outcome record(const std::function<int()>& use);
     static std::string lastError() { return readFile("QVL_LAST_ERROR"); }
-
-    /** What `FromList` says. */
-    static void setFromList(const std::string& kind);
-    /** A list result of these records, as a list operation leaves it. */
-    static void makeListResult(const std::vector<standin::Record>& records);
 
 private:
     void startProcess();

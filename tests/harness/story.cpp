@@ -5,17 +5,12 @@
 #include <iostream>
 #include <iterator>
 #include <sstream>
-#include <stdexcept>
 #include <streambuf>
-#include <utility>
-#include <vector>
 
 #include <gtest/gtest.h>
 #include <velrzm/velrzm.h>
 
 #include "tests/harness/files.h"
-#include "tests/harness/teller.h"
-#include "tests/harness/texts.h"
 #include "tests/standin/standin.h"
 
 namespace harness {
@@ -114,6 +109,7 @@ State currentState()
             {"LastRecNo", std::to_string(LastRecNo)},
             {"QV_RC", std::to_string(QV_RC)},
             {"SelectedAttribute", '[' + names + ']'},
+            {"lastError", readFile("QVL_LAST_ERROR")},
             {"obj", standin::nameOf(QV_ObjPtr)},
             {"list", standin::nameOf(QV_ListPtr)},
             {"report", standin::nameOf(QV_RepPtr)}};
@@ -129,15 +125,6 @@ std::string lineOf(const State& state)
     return line + '\n';
 }
 
-std::string Outcome::storyFrom(const std::string& text) const
-{
-    const std::size_t found = story.find(text);
-    if (found == std::string::npos) {
-        return "nothing in the story: " + text + '\n' + story;
-    }
-    return story.substr(story.rfind('\n', found) + 1);
-}
-
 Outcome recordStory(const std::function<int()>& use, const std::string& accessLog,
                     const std::string& errorLog)
 {
@@ -150,16 +137,6 @@ Outcome recordStory(const std::function<int()>& use, const std::string& accessLo
     state["result"] = std::to_string(outcome.result);
     outcome.story += lineOf(state);
     return outcome;
-}
-
-std::string story(const std::string& raw, int level)
-{
-    std::istringstream told(lines(raw));
-    Teller teller(level);
-    for (std::string line; std::getline(told, line);) {
-        teller.tell(line);
-    }
-    return teller.story();
 }
 
 } // namespace harness

@@ -83,6 +83,7 @@ void Teller::tell(const std::string& line)
     }
     replaceAll(text, "#", result());
     replaceAll(text, "$", returned_);
+    replaceAll(text, "<QV_RC>", state_["QV_RC"]);
     const auto form = shortForms.find(verb == "exit" ? "exit " + state_["FromList"] : verb);
     if ((verb == "where" || verb == "fit") && text.front() != '&') {
         tellAll(condition(text, verb == "where"), "%");
@@ -125,6 +126,12 @@ void Teller::tellEvent(const std::string& verb, const std::string& text)
     } else if (verb == "joined") { // cut behind the writer's name
         add("log ", text.substr(0, text.find(' ') + 1 + 255));
     } else if (verb == "*" || (verb.size() == 1 && std::isdigit(verb.front()) != 0)) {
+        if (text.compare(0, 4, "log ") == 0) {
+            if (std::stoi(verb) <= level_) {
+                add("log ", text.substr(4));
+            }
+            return;
+        }
         const std::size_t call =
             std::min(text.find(" > QV_"), std::min(text.find(" >? QV_"), text.find(" >! QV_")));
         show(verb == "*" ? level_ : std::stoi(verb), text.substr(0, call));
@@ -224,7 +231,7 @@ void Teller::tellCall(const std::string& mark, std::string text)
 void Teller::tellFailure(const std::string& message)
 {
     const std::string text = message.substr(message.find(" - ") + 3) + ' ';
-    lastError_ = text + '\n';
+    state_["lastError"] = text + '\n';
     add("log ", message);
     show(0, "****** " + text + '.');
     Lines block = split(errorBlock(scopes_.back().writer, text), "\n");
@@ -258,7 +265,11 @@ void Teller::add(const std::string& channel, std::string text)
 
 std::string Teller::result() const
 {
-    return kind_ == "List" ? state_.at("entries") : scopes_.back().isStopped ? "0" : "1";
+    const auto told = state_.find("result");
+    return told != state_.end()       ? told->second
+           : kind_ == "List"          ? state_.at("entries")
+           : scopes_.back().isStopped ? "0"
+                                      : "1";
 }
 
 void Teller::tellEnd()

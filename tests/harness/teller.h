@@ -39,8 +39,7 @@ public:
     void tellEnd();
     std::string story() const { return story_ + errors_; }
     const std::vector<ToldCall>& calls() const { return calls_; }
-    /** What the last failure leaves in its file. */
-    const std::optional<std::string>& lastError() const { return lastError_; }
+    const State& state() const { return state_; }
 
 private:
     /** An operation that writes: the one that is told, or one that it calls. */
@@ -67,7 +66,6 @@ private:
     std::optional<OtherAnswer> answer_;
     std::vector<Scope> scopes_{Scope()};
     std::vector<ToldCall> calls_;
-    std::optional<std::string> lastError_;
     std::set<std::string> handedOver_;
     std::string kind_;     // of the result: Object or List, or none yet
     std::string returned_; // by the operation that was called last

@@ -19,7 +19,7 @@ namespace {
 using List = VELListValVELUnicodeString;
 using Run = std::function<int(Inputs&)>;
 
-/** The next argument of a function that takes `lists` more lists. */
+/** The next argument of a function that takes `lists` more lists; a text that the use does not give is a buffer. */
 template <class Parameter>
 decltype(auto) nextArgument(Inputs& in, int& lists)
 {
@@ -27,40 +27,49 @@ decltype(auto) nextArgument(Inputs& in, int& lists)
         return in.list(3 - lists--);
     } else if constexpr (std::is_same_v<Parameter, char**>) {
         return in.names();
+    } else if constexpr (std::is_same_v<Parameter, int>) {
+        return std::stoi(in.text(false));
     } else {
         return in.text(std::is_same_v<Parameter, char*>);
     }
 }
 
-/** A function that takes nothing but inputs. */
+/** A function that takes inputs and buffers, and changes `watched` beside what every story tells. */
 template <class... Parameters>
-Run use(int (*function)(Parameters...))
+Run use(int (*function)(Parameters...), std::vector<const int*> watched = {})
 {
-    return [function](Inputs& in) {
+    return [=](Inputs& in) {
         [[maybe_unused]] int lists = (0 + ... + (std::is_same_v<Parameters, List&> ? 1 : 0));
         std::tuple<std::conditional_t<std::is_same_v<Parameters, List&>, List&, std::decay_t<Parameters>>...>
             arguments{nextArgument<Parameters>(in, lists)...};
-        return in.make([&] { return std::apply(function, arguments); });
+        const int result = in.make([&] { return std::apply(function, arguments); });
+        for (const auto& buffer : in.buffers()) {
+            in.put(buffer.data());
+        }
+        for (const int* const number : watched) {
+            in.put(std::to_string(*number));
+        }
+        return result;
     };
 }
 
-/** A function that fills lists, which held something before; its text stands in the first of them. */
+/** A function that fills lists, which held something before; its text stands in one of them. */
 template <class... Lists>
 Run fill(int (*function)(const VELUnicodeString&, Lists...))
 {
     return [function](Inputs& in) {
         std::array<List, sizeof...(Lists)> lists;
         lists.fill(harness::textList({in.text(false), "older"}));
-        const int result = in.make([&] {
-            return std::apply([&](auto&... each) { return function(lists.front()[1], each...); }, lists);
-        });
+        const List& own = QVL_Traces_Level < 5 ? lists.front() : lists.back();
+        const int result = in.make(
+            [&] { return std::apply([&](auto&... each) { return function(own[1], each...); }, lists); });
         for (const List& list : lists) {
-            in.output += in.output.empty() ? "[" : " | ";
+            std::string texts;
             for (int position = 1; position <= list.Size(); ++position) {
-                in.output += (position == 1 ? "" : ", ") + std::string(list[position]);
+                texts += (position == 1 ? "" : ", ") + std::string(list[position]);
             }
+            in.put(texts);
         }
-        in.output += ']';
         return result;
     };
 }
@@ -78,22 +87,6 @@ int explode(Inputs& in)
     return in.make([&] { return BomExplode(names, isNull ? nullptr : values.data(), in.names()); });
 }
 
-int revise(Inputs& in)
-{
-    std::array<char, 20000> number{"untouched"};
-    std::array<char, 20000> identifier{"untouched"};
-    std::array<char*, 5> texts{};
-    for (char*& text : texts) {
-        text = in.text(true);
-    }
-    const int result = in.make([&] {
-        return DocumentMakeNewRevision(texts[0], texts[1], texts[2], texts[3], texts[4], in.names(),
-                                       number.data(), identifier.data());
-    });
-    in.output = std::string("[") + number.data() + " | " + identifier.data() + ']';
-    return result;
-}
-
 const std::map<std::string, Run>& functions()
 {
     static const std::map<std::string, Run> all = {
@@ -106,16 +99,20 @@ const std::map<std::string, Run>& functions()
         {"ComponentOpen", use(ComponentOpen)},
         {"ComponentReferenceDelete", use(ComponentReferenceDelete)},
         {"ComponentReferenceSave", use(ComponentReferenceSave)},
+        {"DefaultRead", fill(DefaultRead)},
+        {"DestroyListOrReport", use(DestroyListOrReport)},
         {"DocumentCancelCheckOut", use(DocumentCancelCheckOut)},
         {"DocumentCheckIn", use(DocumentCheckIn)},
         {"DocumentCheckOut", use(DocumentCheckOut)},
         {"DocumentCreateCheckIn", use(DocumentCreateCheckIn)},
         {"DocumentGetLastRevision", use(DocumentGetLastRevision)},
         {"DocumentMakeECControlled", use(DocumentMakeECControlled)},
-        {"DocumentMakeNewRevision", revise},
+        {"DocumentMakeNewRevision", use(DocumentMakeNewRevision)},
         {"DocumentOpen", use(DocumentOpen)},
         {"EngineeringChangeCreate", use(EngineeringChangeCreate)},
         {"EngineeringChangeOpen", use(EngineeringChangeOpen)},
+        {"GetAttributeValue", use<int, int, char*, char*>(GetAttributeValue, {&LastAttNo})},
+        {"GetValue", use<int, const char*, char*>(GetValue)},
         {"ItemAssociationOpen", use(ItemAssociationOpen)},
         {"ItemAssociationSave", use(ItemAssociationSave)},
         {"ItemCreate", use(ItemCreate)},
@@ -127,8 +124,16 @@ const std::map<std::string, Run>& functions()
         {"ItemReferenceDelete", use(ItemReferenceDelete)},
         {"ItemReferenceQuery", use(ItemReferenceQuery)},
         {"ItemSave", use(ItemSave)},
+        {"MultiSaveCommit", use(MultiSaveCommit, {&MultiSaveStarted})},
+        {"MultiSaveDiscard", use(MultiSaveDiscard, {&MultiSaveStarted})},
+        {"MultiSaveStart", use(MultiSaveStart, {&MultiSaveStarted})},
+        {"Process_QV_RC", use(Process_QV_RC)},
         {"ProductOptionQuery", fill(ProductOptionQuery)},
         {"ProductPackageQuery", fill(ProductPackageQuery)},
+        {"QvConnect", use(QvConnect, {&EnvOpened, &UserLoggedOn})},
+        {"QvExit", use(QvExit, {&EnvOpened, &UserLoggedOn})},
+        {"XlatRead", fill(XlatRead)},
+        {"XlatRead2", fill(XlatRead2)},
     };
     return all;
 }
@@ -152,7 +157,10 @@ Inputs::Inputs(const harness::Use& use) : use_(use), lists_(3)
 
 char* Inputs::text(bool isChangeable)
 {
-    const Named& argument = use_.arguments.at(next_++);
+    if (next_ == use_.arguments.size()) {
+        return buffers_.emplace_back(std::array<char, 20000>{"untouched"}).data();
+    }
+    const Named& argument = use_.arguments[next_++];
     expected_.push_back(isChangeable ? argument.text() : argument.value.value_or(""));
     std::string& copy = copies_.emplace_back(argument.value.value_or(""));
     return argument.value ? copy.data() : nullptr;

@@ -18,6 +18,8 @@ namespace operations {
 
 namespace {
 
+constexpr const char* withoutConnection = "without connection";
+
 /** The part of a line behind its verb. */
 std::string afterVerb(const std::string& line)
 {
@@ -26,8 +28,9 @@ std::string afterVerb(const std::string& line)
 
 void addLine(Story& story, const std::string& line)
 {
-    static const std::set<std::string> preparing{"entry", "answer",      "hands", "record",
-                                                 "value", "environment", "after", "use"};
+    static const std::set<std::string> preparing{"after",       "answer", "entry", "environment",
+                                                 "file",        "hands",  "keeps", "record",
+                                                 "translation", "use",    "value", "without"};
     const std::vector<std::string> words = split(line, " ");
     const std::string& verb = words.front();
     if (story.scenes.empty() || (!story.scenes.back().use.operation.empty() && preparing.count(verb) > 0)) {
@@ -79,6 +82,8 @@ void prepareBy(const std::string& line)
         standin::answer(words[1], std::stoi(words.at(2)), {{words.at(3), line.substr(message + 3)}});
     } else if (verb == "hands") {
         standin::script().handOvers[words.at(2)] = standin::HandOver::Always;
+    } else if (verb == "keeps") {
+        standin::script().handOvers[words.at(1)] = standin::HandOver::Never;
     } else if (verb == "record") {
         standin::Record& record = standin::script().records.emplace_back();
         std::for_each(words.begin() + 1, words.end(), [&](const std::string& word) {
@@ -88,13 +93,18 @@ void prepareBy(const std::string& line)
     } else if (verb == "value") {
         const Named attribute = parseNamed(afterVerb(line));
         standin::script().values[attribute.name] = attribute.value;
+    } else if (verb == "translation") {
+        const Named entry = parseNamed(words.at(2));
+        standin::script().translations[words[1]].emplace_back(entry.name, entry.text());
+    } else if (verb == "file") {
+        writeFile(words.at(1), line.substr(line.find(words[2])) + '\n');
     } else if (verb == "environment") {
         const Named variable = parseNamed(afterVerb(line));
         setenv(variable.name.c_str(), variable.text().c_str(), 1); // the fixture takes it back
     } else if (verb == "after") {
         Inputs inputs(Use::parse(afterVerb(line)));
         captureOutput([&] { run(inputs); });
-    } else {
+    } else if (line != withoutConnection) {
         throw std::invalid_argument("no line of a story: " + line);
     }
 }
@@ -110,7 +120,7 @@ const std::vector<Story>& allStories()
 {
     static const std::vector<Story> stories = [] {
         std::vector<Story> all;
-        for (const auto& file : std::filesystem::directory_iterator(VELRZM_STORIES)) {
+        for (const auto& file : std::filesystem::recursive_directory_iterator(VELRZM_STORIES)) {
             if (file.path().extension() == ".story") {
                 addFile(all, file.path());
             }
@@ -167,6 +177,16 @@ std::vector<Use> StoryTest::everyOperation()
     return all;
 }
 
+void StoryTest::begin(int level)
+{
+    restart();
+    setLevel(level);
+    const Lines& first = GetParam().scenes.front().preparation;
+    if (std::find(first.begin(), first.end(), withoutConnection) == first.end()) {
+        connect(level);
+    }
+}
+
 Outcome StoryTest::recordUse(const Use& use, bool isPart)
 {
     Inputs inputs(use);
@@ -176,8 +196,8 @@ Outcome StoryTest::recordUse(const Use& use, bool isPart)
         EXPECT_EQ(SelectedAttribute[slot], table[slot])
             << "slot " << slot << " is not one of the operation's";
     }
-    if (!inputs.output.empty()) {
-        outcome.story.insert(outcome.story.size() - 1, " output=" + inputs.output);
+    if (!inputs.output().empty()) {
+        outcome.story.insert(outcome.story.size() - 1, " output=" + inputs.output());
     }
     if (outcome.result > 0 || isPart) {
         EXPECT_EQ(inputs.textsAfterwards(), inputs.expectedTexts());
@@ -187,8 +207,7 @@ Outcome StoryTest::recordUse(const Use& use, bool isPart)
 
 Outcome StoryTest::outcomeOf(int level, const Use& lastUse)
 {
-    restart();
-    connect(level);
+    begin(level);
     Outcome outcome;
     for (const Scene& scene : GetParam().scenes) {
         const Use& use = &scene == &GetParam().scenes.back() ? lastUse : scene.use;
@@ -235,9 +254,8 @@ std::vector<ToldCall> StoryTest::expectWhole(int level, const Scene& scene, Use 
             standin::answer(std::to_string(call), answer->code, {{"E7", "refused"}});
         }
     }
-    const std::string errorBefore = lastError();
     EXPECT_EQ(recordUse(use, false).story, teller.story());
-    EXPECT_EQ(lastError(), teller.lastError().value_or(errorBefore));
+    EXPECT_EQ(lastError(), teller.state().at("lastError"));
     return teller.calls();
 }
 
@@ -245,8 +263,7 @@ std::vector<ToldCall> StoryTest::expectStory(int level, const Use& lastUse, std:
 {
     SCOPED_TRACE("at trace level " + std::to_string(level));
     std::vector<ToldCall> calls;
-    restart();
-    connect(level);
+    begin(level);
     for (auto& slot : SelectedAttribute) {
         std::string("untouched").copy(slot, sizeof slot - 1);
     }

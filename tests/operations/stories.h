@@ -55,6 +55,8 @@ protected:
     harness::Outcome outcomeOf(int level, const Use& lastUse);
 
 private:
+    /** Begins a process for the story. */
+    void begin(int level);
     static void tell(harness::Teller& teller, const Scene& scene, const Use& use);
     static void expectPart(int level, const Scene& scene, const Use& use);
     static std::vector<harness::ToldCall> expectWhole(int level, const Scene& scene, Use use,
