@@ -29,6 +29,9 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+/** The version of the local server, "0.1.0". */
+VELRZM_API std::string version();
+
 /**
  * The location of the user's own store: "velrzm/store.db" in the directory that XDG_DATA_HOME names, else in
  * "~/.local/share".
@@ -51,6 +54,8 @@ VELRZM_API void requireNoStore(const std::string& location);
 
 /** What a store is and holds. */
 struct StoreSummary {
+    std::string engine;         // the database and its version: "SQLite 3.40.1"
+    bool isReadOnly;            // whether nothing can be changed
     std::int64_t formatVersion; // of the tables in the file
     std::uintmax_t bytes;       // of all its files
     std::size_t users;

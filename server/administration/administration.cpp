@@ -65,6 +65,11 @@ std::size_t loadFile(const std::string& location, const qvserver::LoadFormat& fo
 
 } // namespace
 
+std::string version()
+{
+    return VELRZM_VERSION;
+}
+
 std::string defaultStore()
 {
     return reported([] { return qvserver::defaultStoreLocation(); });
@@ -93,7 +98,8 @@ StoreSummary summarizeStore(const std::string& location)
     return reported([&] {
         const auto store = qvserver::openStoreFile(location);
         const Transaction sameState(*store, Access::Read);
-        StoreSummary summary = {store->formatVersion(), store->size(), store->userNames().size(), {}};
+        StoreSummary summary = {store->engine(), store->isReadOnly(),       store->formatVersion(),
+                                store->size(),   store->userNames().size(), {}};
         for (const qvserver::Class& objectClass : qvserver::allClasses()) {
             summary.objects.emplace_back(objectClass.name, store->count(objectClass));
         }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "server/sqlite/database.h"
 
+#include <filesystem>
 #include <variant>
 
 #include "server/store/like.h"
@@ -35,20 +36,57 @@ void numberOfSqlite(sqlite3_context* context, int /*count*/, sqlite3_value** arg
     }
 }
 
+/** A path as it stands in a URI, where some signs have a meaning. */
+std::string inUri(const std::string& path)
+{
+    std::string text;
+    for (const char sign : path) {
+        switch (sign) {
+        case '%':
+            text += "%25";
+            break;
+        case '?':
+            text += "%3f";
+            break;
+        case '#':
+            text += "%23";
+            break;
+        default:
+            text += sign;
+        }
+    }
+    return text;
+}
+
 } // namespace
 
 SqliteDatabase::SqliteDatabase(const std::string& path)
 {
-    sqlite3* opened = nullptr;
-    constexpr int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_FULLMUTEX;
-    const int code = sqlite3_open_v2(path.c_str(), &opened, flags, nullptr);
-    handle_.reset(opened);
-    if (code != SQLITE_OK) {
-        failWithCode(code, path, sqlite3_errmsg(opened));
+    open(path, SQLITE_OPEN_READWRITE);
+    if (!canBeRead() && !std::filesystem::exists(path + "-wal")) {
+        // Nobody uses the store, and in its folder the files that go with its use cannot be made.
+        open("file:" + inUri(path) + "?immutable=1", SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
     }
-    sqlite3_busy_timeout(opened, busyTimeoutSeconds * 1000);
+    sqlite3_busy_timeout(handle(), busyTimeoutSeconds * 1000);
     run("PRAGMA synchronous = FULL; PRAGMA foreign_keys = OFF; PRAGMA trusted_schema = OFF");
     addFunctions();
+}
+
+void SqliteDatabase::open(const std::string& name, int mode)
+{
+    constexpr int flags = SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_FULLMUTEX;
+    sqlite3* opened = nullptr;
+    const int code = sqlite3_open_v2(name.c_str(), &opened, mode | flags, nullptr);
+    handle_.reset(opened);
+    if (code != SQLITE_OK) {
+        failWithCode(code, name, sqlite3_errmsg(opened));
+    }
+}
+
+bool SqliteDatabase::canBeRead() const noexcept
+{
+    const int code = sqlite3_exec(handle(), "SELECT 1 FROM sqlite_schema", nullptr, nullptr, nullptr) & 0xFF;
+    return code != SQLITE_CANTOPEN && code != SQLITE_READONLY;
 }
 
 void SqliteDatabase::addFunctions()

@@ -75,6 +75,9 @@ public:
     sqlite3* handle() const noexcept { return handle_.get(); }
 
 private:
+    void open(const std::string& name, int mode);
+    /** Whether the files beside it that a reader needs are there, or can be made. */
+    bool canBeRead() const noexcept;
     SqliteStatement& prepared(std::string_view text);
     void addFunctions();
 

@@ -82,10 +82,6 @@ std::unique_ptr<Store> SqliteStore::open(const std::string& path)
     }
     auto store = make(path);
     checkSchema(store->database_, path);
-    if (store->database_.isReadOnly()) {
-        fail(Failure::StoreReadOnly, "the store ", path,
-             " is read-only for this user; check the permissions of the file and its folder");
-    }
     return store;
 }
 
@@ -295,6 +291,11 @@ std::int64_t SqliteStore::count(const Class& objectClass)
     auto counted = database_.use("SELECT COUNT(*) FROM " + sqlName(objectClass.name));
     counted->step();
     return counted->integer(0);
+}
+
+std::string SqliteStore::engine() const
+{
+    return std::string("SQLite ") + sqlite3_libversion();
 }
 
 std::int64_t SqliteStore::formatVersion() const

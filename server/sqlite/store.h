@@ -43,6 +43,8 @@ public:
                                      const std::vector<std::string_view>& values, Rows& rows) override;
     std::int64_t count(const Class& objectClass) override;
 
+    std::string engine() const override;
+    bool isReadOnly() const noexcept override { return database_.isReadOnly(); }
     std::int64_t formatVersion() const override;
     std::uintmax_t size() const override;
     void copyTo(const std::string& path, const CopyProgress& progress) override;

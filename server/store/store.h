@@ -74,6 +74,10 @@ public:
     /** How many objects of a class are stored. */
     virtual std::int64_t count(const Class& objectClass) = 0;
 
+    /** The database below, and its version. */
+    virtual std::string engine() const = 0;
+    /** Whether nothing can be changed. */
+    virtual bool isReadOnly() const noexcept = 0;
     /** The version of the layout in which objects are stored. */
     virtual std::int64_t formatVersion() const = 0;
     /** The size of everything in bytes. */
