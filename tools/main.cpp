@@ -8,25 +8,23 @@
 #include <velrzm/qvlocal.h>
 
 #include "tools/command_line/command_line.h"
+#include "tools/output/results.h"
 #include "tools/output/terminal.h"
 #include "tools/process/failures.h"
 #include "tools/process/interruption.h"
+#include "tools/process/library_output.h"
 #include "tools/process/session.h"
 #include "tools/process/standard_streams.h"
 
 namespace {
 
-// Exit status
-constexpr int done = 0;
-constexpr int refused = 1;
-constexpr int wrongUsage = 2;
-constexpr int bySignal = 128; // and the number of the signal, as shells have it
+using tools::ExitStatus;
 
-int complain(const std::string& text, int status)
+int complain(const std::string& text, ExitStatus status)
 {
     const bool endsLine = !text.empty() && text.back() == '\n';
     tools::writeNote("velrzm: " + text + (endsLine ? "" : "\n"));
-    return status;
+    return static_cast<int>(status);
 }
 
 int run(const std::vector<std::string>& arguments)
@@ -36,15 +34,16 @@ int run(const std::vector<std::string>& arguments)
         tools::CommandLine line;
         line.parse(arguments);
         line.act();
-        return done;
+        return static_cast<int>(ExitStatus::Done);
     } catch (const tools::OutputClosed&) {
-        return done; // whoever read the results has seen enough of them
+        return static_cast<int>(ExitStatus::Done); // whoever read the results has seen enough of them
     } catch (const tools::Interrupted& interruption) {
-        return bySignal + interruption.signal;
-    } catch (const tools::WrongUsage& error) {
-        return complain(error.what(), wrongUsage);
-    } catch (const std::exception& error) { // tools::Refused, qvlocal::StoreError, and what nobody expects
-        return complain(error.what(), refused);
+        const std::string outcome = interruption.outcome.empty() ? "" : "; " + interruption.outcome;
+        return complain("interrupted" + outcome, ExitStatus::BySignal) + interruption.signal;
+    } catch (const tools::Failure& failure) {
+        return complain(failure.what(), failure.status());
+    } catch (const std::exception& error) { // qvlocal::StoreError, and what nobody expects
+        return complain(error.what(), ExitStatus::Refused);
     }
 }
 
@@ -54,10 +53,11 @@ int main(int argc, char* argv[])
 {
     try {
         tools::separateResults();
+        const tools::LibraryOutput libraryOutput;
         tools::noteInterruptions();
         tools::inspectTerminal();
         return run(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
     } catch (const std::exception& error) {
-        return complain(error.what(), refused);
+        return complain(error.what(), ExitStatus::Refused);
     }
 }

@@ -1,12 +1,15 @@
 # SPDX-License-Identifier: Apache-2.0
 """Tests of the velrzm command as its users type it."""
+import fcntl
 import json
 import os
 import pty
+import struct
+import termios
 
 from dialogue import COMMAND, DialogueTest
 
-DONE, REFUSED, WRONG_USAGE = 0, 1, 2
+DONE, NOTHING_FOUND, WRONG_USAGE, REFUSED = 0, 1, 2, 3
 
 
 class CommandTest(DialogueTest):
@@ -37,10 +40,11 @@ class CommandTest(DialogueTest):
         self.do_file("lines", line + "\n")
         return self.do_velrzm("batch", "lines")
 
-    def on_terminal(self, answers, *arguments, program=COMMAND, typed=""):
+    def on_terminal(self, answers, *arguments, program=COMMAND, typed="", size=(24, 80)):
         """Runs a program with a terminal of its own and types the answers, each when it is asked for."""
         child, controller = pty.fork()
         if child == 0:
+            fcntl.ioctl(0, termios.TIOCSWINSZ, struct.pack("4H", *size, 0, 0))
             os.chdir(self.directory)
             os.execvpe(program, [program, *arguments], self.environment)
         shown = b""

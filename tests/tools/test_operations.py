@@ -35,9 +35,11 @@ class Drawing(CommandTest):
         self.assertLessEqual({"A", "B", "C", "1", "2", names[0], names[1], "GRÜN", "ZWEI"}, set(shown))
         self.tell("""
 environment PATH $home
-bom tree A --format svg -> -1 apt install graphviz
+bom tree A --format svg -> -3 apt install graphviz
 file dot "#!/bin/sh\\necho half\\nexit 3\\n"
 environment PATH $home:/bin:/usr/bin
 shell "chmod +x dot"
-bom tree A --format svg -> -1 status 3
+bom tree A --format svg -> -3 status 3
+file dot "#!/bin/sh\\n! env | grep '^VELRZM_PASSWORD' && echo drawn\\n"
+bom tree A --format svg -> drawn
 """)

@@ -1,6 +1,11 @@
 # SPDX-License-Identifier: Apache-2.0
 """What the command does on a terminal only: passwords are typed, progress is shown."""
-from command import DONE, WRONG_USAGE, CommandTest
+import os
+import pty
+import signal
+import subprocess
+
+from command import COMMAND, DONE, WRONG_USAGE, CommandTest
 from dialogue import PASSWORD
 
 
@@ -19,6 +24,26 @@ class Terminal(CommandTest):
             self.assertNotIn(PASSWORD, shown)
         self.assertNotIn("assword", self.on_terminal([], "init")[1])  # there is a store already
 
+    def test_an_interrupted_import_stores_nothing_and_says_so_in_one_line(self):
+        self.tell("""
+init
+ec create EC-1
+shell "(echo level,item_number,name; for i in $(seq 20000); do echo 1,P-$i,$PWD; done) >parts.csv"
+""")
+        controller, terminal = pty.openpty()
+        process = subprocess.Popen([COMMAND, "import", "parts.csv", "--ec", "EC-1", "--top", "T"], cwd=self.directory,
+                                   env=self.environment, stderr=terminal)
+        os.close(terminal)
+        shown = b""
+        while b"[#" not in shown:
+            shown += os.read(controller, 4096)
+        process.send_signal(signal.SIGINT)
+        self.assertEqual(process.wait(), 128 + signal.SIGINT)
+        shown += os.read(controller, 65536)
+        os.close(controller)
+        self.assertEqual(shown.rpartition(b"\033[K")[2], b"velrzm: interrupted; nothing was stored\r\n")
+        self.tell("item open P-1 --ec EC-1 -> -1")
+
     def test_progress_is_for_terminals_and_what_fails_leaves_no_file(self):
         self.tell("""
 init
@@ -26,9 +51,9 @@ ec create EC-1
 shell "(echo level,item_number,remark; for i in $(seq 2000); do printf '1,P-%d,%01000d\\n' $i 0; done) >parts.csv"
 import parts.csv --ec EC-1 --attributes --top TOP
 files * -> $before
-shell "ulimit -f 400; velrzm backup copy.db" -> -1 copy.db: the database failed (File too large)  # as on a full disk
-for missing/copy.db /proc/copy.db store.db : backup $each --force -> -1 $each
-backup copy.db --store missing.db -> -1 velrzm init
+shell "ulimit -f 400; velrzm backup copy.db" -> -3 copy.db: the database failed (File too large)  # as on a full disk
+for missing/copy.db /proc/copy.db store.db : backup $each --force -> -3 $each
+backup copy.db --store missing.db -> -3 velrzm init
 files * -> $before
 shell "velrzm backup other.db 2>progress >told; cat progress told" -> $told other.db...
 """)

@@ -2,9 +2,10 @@
 #include "tools/command_line/command_line.h"
 
 #include <algorithm>
-#include <cstdlib>
+#include <limits>
 #include <utility>
 
+#include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 #include <CLI/Validators.hpp>
@@ -14,9 +15,11 @@
 #include "tools/command_line/command_tree.h"
 #include "tools/command_line/help.h"
 #include "tools/command_line/wrong_usage.h"
+#include "tools/output/pager.h"
+#include "tools/output/results.h"
 #include "tools/output/text.h"
+#include "tools/process/environment.h"
 #include "tools/process/failures.h"
-#include "tools/process/standard_streams.h"
 
 namespace tools {
 
@@ -25,7 +28,8 @@ namespace {
 constexpr const char* description =
     "Work with a Quorvanemaster PDM database\n\n"
     "velrzm runs the operations of libvelrzm and looks after the stores of the local server. \"velrzm "
-    "demo\" shows what there is; \"velrzm init\" makes a store to begin with.";
+    "demo\" shows what there is; \"velrzm init\" makes a store to begin with. Numbers of items, changes and "
+    "documents are taken in upper case, as they are stored, however they are typed.";
 
 constexpr const char* ungrouped = "Commands";
 
@@ -50,12 +54,6 @@ const std::vector<Subject>& subjects()
     return all;
 }
 
-bool isNumber(const std::string& text)
-{
-    const std::size_t sign = text.empty() || text.front() != '-' ? 0 : 1;
-    return text.size() > sign && text.find_first_not_of("0123456789", sign) == std::string::npos;
-}
-
 /** The parser takes the word behind "--name=" for the value. */
 void keepEmptyValues(std::vector<std::string>& arguments)
 {
@@ -78,31 +76,30 @@ void applyToEnvironment(const Settings& settings)
     if (!settings.store.empty()) {
         const bool isLocation = settings.store.find(':') != std::string::npos;
         const std::string location = (isLocation ? "" : "sqlite:") + settings.store;
-        setenv("QV_STORE", location.c_str(), 1); // NOLINT(concurrency-mt-unsafe): one thread
+        setEnvironmentVariable("QV_STORE", location);
     }
     if (settings.traceLevel.has_value()) {
-        const std::string level = std::to_string(*settings.traceLevel);
-        setenv("QVL_TRACE_LEVEL", level.c_str(), 1); // NOLINT(concurrency-mt-unsafe): one thread
+        setEnvironmentVariable("QVL_TRACE_LEVEL", std::to_string(*settings.traceLevel));
     }
 }
 
 } // namespace
 
-CommandLine::CommandLine(Settings settings) : app_(description, "velrzm"), settings_(std::move(settings))
+CommandLine::CommandLine(Settings settings)
+    : app_(std::make_unique<CLI::App>(description, "velrzm")), settings_(std::move(settings))
 {
-    if (const char* const name = std::getenv("USER"); // NOLINT(concurrency-mt-unsafe): one thread
-        settings_.user.empty() && name != nullptr) {
-        settings_.user = name;
+    if (settings_.user.empty()) {
+        settings_.user = environmentText("USER");
     }
-    app_.set_help_flag("-h,--help", "Explain the command");
-    app_.set_version_flag("--version", versionText(), "Print the versions of the tool and of the library");
-    app_.require_subcommand(1);
+    app_->set_help_flag("-h,--help", "Explain the command");
+    app_->set_version_flag("--version", versionText(), "Print the versions of the tool and of the library");
+    app_->require_subcommand(1);
     addSharedOptions();
     for (const Subject& subject : subjects()) {
         for (const auto& addCommands : subject.addCommands) {
             addCommands(*this);
         }
-        for (CLI::App* const command : app_.get_subcommands({})) {
+        for (CLI::App* const command : app_->get_subcommands({})) {
             if (command->get_group() == ungrouped) {
                 command->group(subject.name);
             }
@@ -110,31 +107,35 @@ CommandLine::CommandLine(Settings settings) : app_(description, "velrzm"), setti
     }
 }
 
+CommandLine::~CommandLine() = default;
+
 void CommandLine::addSharedOptions()
 {
-    app_.add_option("--store", settings_.store,
-                    "Store of the local server, or sqlite:FILE; otherwise the environment variable "
-                    "QV_STORE, or the user's own store")
+    app_->add_option("--store", settings_.store,
+                     "Store of the local server, or sqlite:FILE; otherwise the environment variable "
+                     "QV_STORE, or the user's own store")
         ->type_name("FILE");
-    app_.add_option("--user", settings_.user, "User who logs on; otherwise the environment variable USER")
+    app_->add_option("--user", settings_.user, "User who logs on; otherwise the environment variable USER")
         ->type_name("NAME");
-    app_.add_option("--password-file", settings_.passwordFile,
-                    "File whose first line is the password; otherwise the environment variable "
-                    "VELRZM_PASSWORD, or a prompt")
+    app_->add_option("--password-file", settings_.passwordFile,
+                     "File whose first line is the password; otherwise the environment variable "
+                     "VELRZM_PASSWORD, or a prompt")
         ->type_name("FILE");
-    app_.add_option("--trace", settings_.traceLevel,
-                    "Trace of the library to standard error: -1 nothing, 0 errors, 2 operations, 5 calls, 9 "
-                    "values")
-        ->type_name("LEVEL")
-        ->check(CLI::Validator(
-            [](const std::string& text) { return isNumber(text) ? "" : quoted(text) + " is no number"; },
-            ""));
-    addFormat(app_, formats);
+    insistOnWholeNumber(
+        *app_->add_option("--trace", settings_.traceLevel,
+                          "Trace of the library to standard error: 0 connection and errors, 2 operations, 5 "
+                          "calls, 9 values; otherwise the environment variable QVL_TRACE_LEVEL, or none")
+             ->type_name("LEVEL"),
+        std::numeric_limits<int>::min());
+    addFormat(*app_, formats);
+    app_->add_flag("--no-pager", settings_.isPagerOff,
+                   "Do not show results that are longer than the terminal through a pager; otherwise the "
+                   "environment variable PAGER names it, or it is less");
 }
 
 CLI::App& CommandLine::addGroup(const std::string& name, const std::string& groupDescription)
 {
-    CLI::App& group = *app_.add_subcommand(name, groupDescription);
+    CLI::App& group = *app_->add_subcommand(name, groupDescription);
     group.group(ungrouped);
     group.require_subcommand(1);
     group.fallthrough(); // shared options may also stand behind the command
@@ -182,24 +183,30 @@ void CommandLine::parse(std::vector<std::string> arguments)
     const std::string last = arguments.empty() ? "" : arguments.back();
     std::reverse(arguments.begin(), arguments.end()); // that is how the parser takes them
     try {
-        app_.parse(std::move(arguments));
+        app_->parse(std::move(arguments));
     } catch (const CLI::CallForVersion&) {
         action_ = [] { writeResult(versionText() + "\n"); };
     } catch (const CLI::CallForHelp&) {
-        const CLI::App& command = parsedCommand(app_);
-        const std::optional<WrongUsage> unknown = unknownWord(app_);
+        const CLI::App& command = parsedCommand(*app_);
+        const std::optional<WrongUsage> unknown = unknownWord(*app_);
         if (unknown.has_value() && !commandsOf(command).empty()) {
             throw WrongUsage(*unknown); // of the command that was meant
         }
         action_ = [&command] { writeResult(helpText(command)); };
     } catch (const CLI::ParseError& error) {
-        throw wrongUsage(app_, error, last);
+        throw wrongUsage(*app_, error, last);
+    }
+    if (const CLI::App& command = parsedCommand(*app_); wantsAnotherForm(command)) {
+        throw complaint(command, "--format does not apply: the results have one form");
     }
 }
 
 void CommandLine::act() const
 {
     applyToEnvironment(settings_);
+    if (settings_.isPagerOff) {
+        switchOffPager();
+    }
     action_();
 }
 

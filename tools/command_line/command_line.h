@@ -5,14 +5,17 @@
 #define VELRZM_TOOLS_COMMAND_LINE_COMMAND_LINE_H
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include <CLI/App.hpp>
-
 #include "tools/output/format.h"
+
+namespace CLI {
+class App;
+}
 
 namespace tools {
 
@@ -23,41 +26,44 @@ struct Settings {
     std::string passwordFile;
     std::optional<int> traceLevel;
     Format format = Format::Table;
+    bool isPagerOff = false;
 };
 
-/** Forms of results and how they are called. */
+/** Forms of results and their names. */
 using NamedFormats = std::vector<std::pair<std::string, Format>>;
 
+/** The command line of one run. The functions below add the commands, each with an action; of these, `act` runs the
+ * one that the parsed command line names. Options that all commands share are in `settings`. */
 class CommandLine {
 public:
     /** The settings are those that hold unless the command line says otherwise. */
     explicit CommandLine(Settings settings = {});
+    ~CommandLine();
     CommandLine(const CommandLine&) = delete;
     CommandLine& operator=(const CommandLine&) = delete;
 
     /** Reads `arguments`. Throws WrongUsage when they make no sense. */
     void parse(std::vector<std::string> arguments);
-    /** Does what they ask for. */
+    /** Runs the command that they name. */
     void act() const;
 
-    CLI::App& app() { return app_; }
+    CLI::App& app() { return *app_; }
     const Settings& settings() const { return settings_; }
 
     /** Adds a word that stands before others: "user" of "user add". */
     CLI::App& addGroup(const std::string& name, const std::string& description);
-    /** Adds a command; `example` is the last line of its help.
-     * A description is a summary of one line, and whatever a reader should know besides in paragraphs
-     * behind an empty line. */
+    /** Adds a command; `example` is the last line of its help. The description is a summary of one line and, after an
+     * empty line, paragraphs with whatever else a reader should know. */
     CLI::App& addCommand(CLI::App& parent, const std::string& name, const std::string& description,
                          const std::string& example, std::function<void()> action);
-    /** Offers a command more forms of its results than all commands have. */
+    /** Gives a command forms of its results beyond those that all commands have. */
     void addFormats(CLI::App& command, const NamedFormats& further);
 
 private:
     void addSharedOptions();
     void addFormat(CLI::App& command, const NamedFormats& offered);
 
-    CLI::App app_;
+    std::unique_ptr<CLI::App> app_;
     Settings settings_;
     std::function<void()> action_;
 };

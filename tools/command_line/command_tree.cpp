@@ -2,8 +2,11 @@
 #include "tools/command_line/command_tree.h"
 
 #include <algorithm>
+#include <iterator>
+#include <limits>
 #include <sstream>
 
+#include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 #include <CLI/Validators.hpp>
@@ -15,13 +18,7 @@ namespace tools {
 namespace {
 
 constexpr const char* paragraphEnd = "\n\n";
-
-std::string inUpperCase(std::string text)
-{
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](unsigned char letter) { return static_cast<char>(std::toupper(letter)); });
-    return text;
-}
+constexpr const char* formatOption = "--format";
 
 } // namespace
 
@@ -48,10 +45,10 @@ std::string usageOf(const CLI::App& command)
         usage += " [OPTIONS]";
     }
     for (const CLI::Option* const option : optionsOf(command)) {
-        usage += option->get_required() ? " " + signOf(*option) : "";
+        usage += option->get_required() ? " " + syntaxOf(*option) : "";
     }
     for (const CLI::Option* const argument : argumentsOf(command)) {
-        const std::string sign = signOf(*argument) + (mayBeRepeated(*argument) ? "..." : "");
+        const std::string sign = syntaxOf(*argument) + (mayBeRepeated(*argument) ? "..." : "");
         usage += argument->get_required() ? " " + sign : " [" + sign + "]";
     }
     return usage + (commandsOf(command).empty() ? "" : " COMMAND");
@@ -106,15 +103,11 @@ std::vector<const CLI::Option*> allOptionsOf(const CLI::App& command)
 {
     std::vector<const CLI::Option*> options = optionsOf(command);
     if (const CLI::App* const parent = command.get_parent(); parent != nullptr) {
-        for (const CLI::Option* const above : allOptionsOf(*parent)) {
-            const bool isHidden =
-                std::any_of(options.begin(), options.end(), [above](const CLI::Option* option) {
-                    return option->get_lnames().front() == above->get_lnames().front();
-                });
-            if (!isHidden) {
-                options.push_back(above);
-            }
-        }
+        const std::vector<const CLI::Option*> above = allOptionsOf(*parent);
+        std::copy_if(above.begin(), above.end(), std::back_inserter(options), [&](const CLI::Option* option) {
+            const CLI::Option* const own = command.get_option_no_throw("--" + option->get_lnames().front());
+            return own == nullptr || own == command.get_help_ptr();
+        });
     }
     return options;
 }
@@ -138,7 +131,7 @@ std::string valueOf(const CLI::Option& option)
     return takesValue(option) ? option.get_type_name() : "";
 }
 
-std::string signOf(const CLI::Option& option)
+std::string syntaxOf(const CLI::Option& option)
 {
     std::string value = valueOf(option);
     if (option.get_positional()) {
@@ -163,6 +156,25 @@ std::vector<std::string> choicesOf(const CLI::Option& option)
     return choices;
 }
 
+void haveOneForm(CLI::App& command, const std::string& form)
+{
+    // It hides the option of the program, and the empty group hides it from the help.
+    command.add_option(formatOption, form)->group("");
+}
+
+bool wantsAnotherForm(const CLI::App& command)
+{
+    const CLI::Option* const own = command.get_option_no_throw(formatOption);
+    if (own == nullptr || !own->get_group().empty()) {
+        return false;
+    }
+    const auto differs = [own](const std::string& form) { return form != own->get_description(); };
+    const std::vector<std::string> before = command.get_parent()->get_option(formatOption)->results();
+    const std::vector<std::string>& behind = own->results();
+    return std::any_of(before.begin(), before.end(), differs) ||
+           std::any_of(behind.begin(), behind.end(), differs);
+}
+
 void insistOnChoices(CLI::Option& option)
 {
     const auto check = [choices = choicesOf(option)](const std::string& word) {
@@ -170,6 +182,41 @@ void insistOnChoices(CLI::Option& option)
         return isChoice ? "" : quoted(word) + " is none of " + joined(choices, ", ");
     };
     option.check(CLI::Validator(check, ""));
+}
+
+void insistOnWholeNumber(CLI::Option& option, int least)
+{
+    const auto check = [least](const std::string& word) {
+        const std::optional<int> number = wholeNumber(word);
+        if (number.has_value() && *number >= least) {
+            return std::string();
+        }
+        const bool isBounded = least > std::numeric_limits<int>::min();
+        return quoted(word) + " is not a whole number" +
+               (isBounded ? " of at least " + std::to_string(least) : "");
+    };
+    option.check(CLI::Validator(check, ""));
+}
+
+void insistOnNoApostrophe(CLI::Option& option)
+{
+    option.check(CLI::Validator(searchFault, ""));
+}
+
+void takeObjectNumber(CLI::Option& option)
+{
+    insistOnNoApostrophe(option);
+    option.transform(CLI::Validator(
+        [](std::string& word) {
+            word = inUpperCase(word);
+            return std::string();
+        },
+        ""));
+}
+
+void takeList(CLI::Option& option)
+{
+    option.delimiter(',')->expected(1)->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
 }
 
 } // namespace tools

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <set>
 
+#include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 
@@ -13,7 +14,7 @@ namespace tools {
 
 namespace {
 
-/** Reads words as the parser does, but takes them as they come: the line is not finished. */
+/** Reads words as the parser does, but does not insist on anything: the line is not finished. */
 class UnfinishedLine {
 public:
     explicit UnfinishedLine(const CLI::App& program) : program_(program), command_(&program) {}

@@ -7,12 +7,14 @@
 #include <string>
 #include <vector>
 
-#include <CLI/App.hpp>
+namespace CLI {
+class App;
+}
 
 namespace tools {
 
-/** A line for each way to complete the last of the words, which may be empty: the whole word, a tab, what it
- * means. The line ":file" stands for the names of files. */
+/** A line for each way to complete the last word, which may be empty: the whole word, a tab, and what it means.
+ * The line ":file" stands for the names of files. */
 std::string completions(const CLI::App& program, const std::vector<std::string>& words);
 
 } // namespace tools

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// The scripts of tools/completion/, which the build puts into the program.
+// The scripts of command_line/shells/, which the build puts into the program.
 #ifndef VELRZM_TOOLS_COMMAND_LINE_COMPLETION_SCRIPTS_H
 #define VELRZM_TOOLS_COMMAND_LINE_COMPLETION_SCRIPTS_H
 

@@ -4,10 +4,12 @@
 #include <algorithm>
 #include <utility>
 
+#include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 
 #include "tools/command_line/command_tree.h"
+#include "tools/command_line/topics.h"
 #include "tools/output/terminal.h"
 #include "tools/output/text.h"
 
@@ -57,7 +59,8 @@ std::vector<Entry> entriesOf(const std::vector<const CLI::Option*>& options)
     std::vector<Entry> entries;
     for (const CLI::Option* const option : options) {
         const bool mustBeSaid = option->get_required() && option->nonpositional();
-        entries.emplace_back(signOf(*option), option->get_description() + (mustBeSaid ? " (required)" : ""));
+        entries.emplace_back(syntaxOf(*option),
+                             option->get_description() + (mustBeSaid ? " (required)" : ""));
     }
     return entries;
 }
@@ -126,6 +129,13 @@ std::string helpText(const CLI::App& command)
     text += table("Arguments", entriesOf(argumentsOf(command)));
     text += commandTables(command);
     text += table("Options", entriesOf(optionsOf(command)));
+    if (command.get_parent() == nullptr) {
+        std::vector<Entry> entries;
+        for (const Topic& status : exitStatuses()) {
+            entries.emplace_back(status.name, status.text);
+        }
+        text += table("Exit status", entries);
+    }
     text += hints(command);
     const std::string example = command.get_footer();
     return text + (example.empty() ? "" : "\nExample: " + example + "\n");

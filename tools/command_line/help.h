@@ -6,7 +6,9 @@
 
 #include <string>
 
-#include <CLI/App.hpp>
+namespace CLI {
+class App;
+}
 
 namespace tools {
 

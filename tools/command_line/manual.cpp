@@ -5,10 +5,12 @@
 #include <fstream>
 #include <sstream>
 
+#include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 
 #include "tools/command_line/command_tree.h"
+#include "tools/command_line/topics.h"
 #include "tools/output/text.h"
 #include "tools/process/failures.h"
 
@@ -16,51 +18,12 @@ namespace tools {
 
 namespace {
 
-struct Explained {
-    const char* name;
-    const char* text;
-};
-
-constexpr Explained environment[] = {
-    {"QV_STORE",
-     "Store of the local server: sqlite:FILE, or sqlite::memory: for one that ends with the program. "
-     "Unset: velrzm/store.db in the user's data directory. --store takes its place."},
-    {"VELRZM_PASSWORD", "Password of the user, instead of --password-file and of the prompt."},
-    {"USER", "User who logs on; --user takes its place. Also the initiator of an engineering change for "
-             "which none is given."},
-    {"QVL_TRACE_LEVEL", "Trace level of the library; --trace takes its place."},
-    {"QVL_LOG_FILE", "Access log to which every call of the server is added. Unset: none is kept."},
-    {"QVL_LOG_ERROR, QVL_LAST_ERROR",
-     "Files for all errors and for the last one. Unset: files of these names in the user's state "
-     "directory, ~/.local/state/velrzm."},
-    {"RZM_DEFAULT_DIRECTORY", "Directory of the shared defaults file. Unset: the working directory."},
-    {"QV_MULTI_SAVE",
-     "0 or OFF: a multi-save of \"velrzm batch\" saves each object at once. \"velrzm import\" is all or "
-     "nothing in any case."},
-    {"QVL_BOM_HEADER_CREATE", "YES: \"velrzm item create\" makes a bill-of-material header as well."},
-    {"NO_COLOR", "When set, nothing is coloured."},
-};
-
-constexpr Explained files[] = {
-    {"QVL_RZM_DEFAULT", "Defaults that a site gives the attributes of new objects."},
-    {"My_QVL_RZM_DEFAULT", "Those of the user, in the working directory; they win."},
-    {"$XDG_DATA_HOME/velrzm/store.db",
-     "The user's own store; ~/.local/share stands for an unset $XDG_DATA_HOME."},
-};
-
-constexpr Explained exitStatus[] = {
-    {"0", "Done."},
-    {"1", "Refused, failed, or nothing was found; standard error says why."},
-    {"2", "Wrong usage."},
-    {"128+N", "Ended by the signal N."},
-};
-
 constexpr const char* output = "Results go to standard output, everything else to standard error. A "
                                "terminal is shown a table that may cut long values to its width; json and "
                                "csv hold every value whole, and so does printlist, the form that the "
                                "library reads back as a print list.";
 
-/** A text of which the formatter of the pages takes every sign as it is. */
+/** A text in which the formatter of the pages takes every character as it is. */
 std::string escaped(const std::string& text)
 {
     std::string result;
@@ -101,10 +64,10 @@ std::string italic(const std::string& text)
     return "\\fI" + escaped(text) + "\\fP";
 }
 
-/** What is typed as it stands is bold, what something is put in for is italic. */
-std::string markedSign(const CLI::Option& option)
+/** Words to type are bold, placeholders italic. */
+std::string markedSyntax(const CLI::Option& option)
 {
-    const std::string sign = signOf(option);
+    const std::string sign = syntaxOf(option);
     const std::string value = valueOf(option);
     std::string markedValue = choicesOf(option).empty() ? italic(value) : bold(value);
     if (option.get_positional()) {
@@ -130,10 +93,8 @@ class Page {
 public:
     explicit Page(const CLI::App& command)
     {
-        std::string title = pageName(command);
-        std::transform(title.begin(), title.end(), title.begin(),
-                       [](unsigned char letter) { return static_cast<char>(std::toupper(letter)); });
-        text_ << ".\\\" SPDX-License-Identifier: Apache-2.0\n.TH " << quoted(escaped(title))
+        text_ << ".\\\" SPDX-License-Identifier: Apache-2.0\n.TH "
+              << quoted(escaped(inUpperCase(pageName(command))))
               << " 1 \"\" \"velrzm " VELRZM_VERSION "\" \"Manual of velrzm\"\n";
         section("NAME");
         text_ << escaped(pageName(command)) << " \\- " << escaped(summaryOf(command)) << "\n";
@@ -159,11 +120,10 @@ public:
         text_ << ".TP\n" << tag << "\n" << escaped(text) << "\n";
     }
 
-    template <std::size_t size>
-    void list(const char* title, const Explained (&entries)[size])
+    void list(const char* title, const std::vector<Topic>& topics)
     {
         section(title);
-        for (const Explained& entry : entries) {
+        for (const Topic& entry : topics) {
             tagged(bold(entry.name), entry.text);
         }
     }
@@ -171,7 +131,7 @@ public:
     void options(const std::vector<const CLI::Option*>& options)
     {
         for (const CLI::Option* const option : options) {
-            tagged(markedSign(*option), option->get_description());
+            tagged(markedSyntax(*option), option->get_description());
         }
     }
 
@@ -181,7 +141,7 @@ public:
         for (const auto& options : {optionsOf(command), argumentsOf(command)}) {
             for (const CLI::Option* const option : options) {
                 const std::string repeated = mayBeRepeated(*option) ? "...\\&" : "";
-                const std::string sign = markedSign(*option);
+                const std::string sign = markedSyntax(*option);
                 text_ << (option->get_required() ? sign : "[" + sign + "]") << repeated << "\n";
             }
         }
@@ -217,7 +177,7 @@ private:
     }
 
     std::ostringstream text_;
-    bool isBegun_ = false; // what stands below the title: another paragraph is parted from it
+    bool isBegun_ = false; // whether the section has text, from which another paragraph must be separated
 };
 
 void writeProgramPage(const CLI::App& program, const std::string& directory)
@@ -242,9 +202,9 @@ void writeProgramPage(const CLI::App& program, const std::string& directory)
     page.section("OPTIONS");
     page.paragraphs("They may stand before the command or behind it.");
     page.options(optionsOf(program));
-    page.list("EXIT STATUS", exitStatus);
-    page.list("ENVIRONMENT", environment);
-    page.list("FILES", files);
+    page.list("EXIT STATUS", exitStatuses());
+    page.list("ENVIRONMENT", environmentVariables());
+    page.list("FILES", files());
     page.section("EXAMPLES");
     for (const char* const name : {"demo", "init", "import", "batch", "doctor"}) {
         page.example(*commandNamed(program, name));
@@ -285,7 +245,7 @@ void writeCommandPage(const CLI::App& command, const std::string& directory)
     const CLI::App& program = *command.get_parent();
     page.paragraphs("The shared options may stand here too; velrzm(1) explains them:");
     page.options(optionsOf(program));
-    page.list("EXIT STATUS", exitStatus);
+    page.list("EXIT STATUS", exitStatuses());
     page.section("ENVIRONMENT");
     page.paragraphs("velrzm(1) lists the environment variables.");
     page.section("EXAMPLES");

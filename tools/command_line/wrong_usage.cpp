@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 
@@ -15,18 +16,11 @@ namespace tools {
 
 namespace {
 
-/** A text behind the command that it is about. */
-std::string led(const CLI::App& command, const std::string& text)
+/** A text about a command, which it begins with. */
+std::string about(const CLI::App& command, const std::string& text)
 {
     const std::string path = pathOf(command);
     return path + (path.empty() ? "" : ": ") + text;
-}
-
-WrongUsage complaint(const CLI::App& command, const std::string& text)
-{
-    constexpr std::size_t begin = sizeof "velrzm: " - 1; // stands before every complaint
-    return WrongUsage(wrapped(led(command, text), Terminal().width - begin) + "\nSee " +
-                      quoted(fullNameOf(command) + " --help") + ".");
 }
 
 WrongUsage misused(const CLI::App& command, const std::string& text)
@@ -51,7 +45,7 @@ std::vector<std::string> namesBelow(const CLI::App& command)
     return names;
 }
 
-/** The commands further down that have such a name: it may have been left out what they are about. */
+/** The commands further down that have such a name: the word before it may have been left out. */
 std::vector<std::string> nearestFurtherDown(const CLI::App& command, const std::string& name)
 {
     std::vector<std::string> found;
@@ -89,14 +83,26 @@ const CLI::Option* missingIn(const CLI::App& command)
 
 } // namespace
 
+WrongUsage complaint(const CLI::App& command, const std::string& text)
+{
+    constexpr std::size_t begin = sizeof "velrzm: " - 1; // stands before every complaint
+    return WrongUsage(wrapped(about(command, text), Terminal().width - begin) + "\nSee " +
+                      quoted(fullNameOf(command) + " --help") + ".");
+}
+
 WrongUsage unknownCommand(const CLI::App& command, const std::string& name)
 {
     std::vector<std::string> meant = nearest(name, namesBelow(command));
     if (meant.empty()) {
         meant = nearestFurtherDown(command, name);
     }
+    const std::vector<std::string> below = namesBelow(command);
+    if (below.empty()) {
+        return complaint(command,
+                         "it has no commands below it, so " + quoted(name) + " is one word too many");
+    }
     const std::string text = "there is no command " + quoted(name);
-    return complaint(command, meant.empty() ? text + "; there are " + joined(namesBelow(command), ", ")
+    return complaint(command, meant.empty() ? text + "; the commands are " + joined(below, ", ")
                                             : text + didYouMean(meant));
 }
 
@@ -126,7 +132,7 @@ WrongUsage wrongUsage(const CLI::App& program, const CLI::ParseError& error, con
     const CLI::App& command = parsedCommand(program);
     for (const CLI::Option* const option : allOptionsOf(command)) {
         if (last == "--" + option->get_lnames().front() && takesValue(*option)) {
-            return complaint(command, last + " needs a value: " + signOf(*option));
+            return complaint(command, last + " needs a value: " + syntaxOf(*option));
         }
         if (option->count() > 1 && !mayBeRepeated(*option)) {
             return complaint(command, option->get_name() + " is given more than once");
@@ -134,10 +140,10 @@ WrongUsage wrongUsage(const CLI::App& program, const CLI::ParseError& error, con
     }
     const bool isIncomplete = dynamic_cast<const CLI::RequiredError*>(&error) != nullptr;
     if (isIncomplete && !commandsOf(command).empty()) {
-        return WrongUsage(led(command, "a command is missing\n\n" + helpText(command)));
+        return WrongUsage(about(command, "a command is missing\n\n" + helpText(command)));
     }
     if (const CLI::Option* const missing = missingIn(command); isIncomplete && missing != nullptr) {
-        return misused(command, signOf(*missing) + " is missing");
+        return misused(command, syntaxOf(*missing) + " is missing");
     }
     return complaint(command, error.what());
 }

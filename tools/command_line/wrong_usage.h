@@ -7,16 +7,22 @@
 #include <optional>
 #include <string>
 
-#include <CLI/App.hpp>
-
 #include "tools/process/failures.h"
 
+namespace CLI {
+class App;
+class ParseError;
+} // namespace CLI
+
 namespace tools {
+
+/** A complaint about the way in which `command` was used. */
+WrongUsage complaint(const CLI::App& command, const std::string& text);
 
 /** There is no command of this name below `command`. */
 WrongUsage unknownCommand(const CLI::App& command, const std::string& name);
 
-/** The complaint about the first of the words that the parser did not know, if there is one. */
+/** The complaint about the first word that the parser did not know, if there is one. */
 std::optional<WrongUsage> unknownWord(const CLI::App& program);
 
 /** What is wrong with a command line that the parser did not take. `last` is its last word. */

@@ -1,26 +1,25 @@
 // SPDX-License-Identifier: Apache-2.0
 //
 // A file of commands over one connection.
-#include <cerrno>
 #include <cstring>
-#include <fstream>
-#include <iostream>
+#include <istream>
 #include <memory>
 
-#include <velrzm/multi_save.h>
+#include <CLI/App.hpp>
 
 #include "tools/command_line/command_line.h"
+#include "tools/output/pager.h"
 #include "tools/process/failures.h"
+#include "tools/process/files.h"
 #include "tools/process/interruption.h"
+#include "tools/process/multi_save.h"
 #include "tools/process/session.h"
-#include "tools/process/standard_streams.h"
 
 namespace tools {
 
 namespace {
 
-/** Splits a line into words, as a shell does: at blanks, unless they are quoted; from a "#" on it is a
- * comment. */
+/** Splits a line into words as a shell does: at blanks that are not quoted. A "#" begins a comment. */
 class WordSplitter {
 public:
     std::vector<std::string> split(const std::string& line)
@@ -104,38 +103,39 @@ void runLine(const std::string& text, const Settings& settings)
     line.act();
 }
 
-/** Runs all lines; a complaint is led by file and line. */
+/** Runs all lines; a message begins with file and line. */
 void runLines(std::istream& lines, const std::string& name, const Settings& settings)
 {
     int number = 0;
     for (std::string text; std::getline(lines, text);) {
-        checkInterruption();
-        const std::string place = name + ":" + std::to_string(++number) + ": ";
+        const std::string place = name + ":" + std::to_string(++number);
         try {
-            runLine(text, settings);
-        } catch (const WrongUsage& error) {
-            throw WrongUsage(place + error.what());
-        } catch (const Refused& error) {
-            throw Refused(place + error.what());
+            interruptibly("the lines before " + place + " were carried out", [&] {
+                checkInterruption();
+                runLine(text, settings);
+            });
+        } catch (const Failure& failure) {
+            throw Failure(failure.status(), place + ": " + failure.what());
+        } catch (const std::exception& error) {
+            throw Refused(place + ": " + error.what());
         }
     }
 }
 
+/** Runs all lines inside a multi-save. When that throws, the end of the connection drops what was collected. */
+void runLinesTogether(std::istream& lines, const std::string& name, const Settings& settings)
+{
+    startMultiSave();
+    interruptibly("nothing was stored", [&] { runLines(lines, name, settings); });
+    commitMultiSave();
+}
+
 void runBatch(const std::string& name, bool multiSave, const Settings& settings)
 {
-    std::ifstream file(name == "-" ? "/dev/stdin" : name);
-    if (!file.is_open()) {
-        throw Refused(name + " cannot be read: " + std::strerror(errno));
-    }
+    switchOffPager(); // which would stop at every long result
+    std::ifstream file = openForReading(name == "-" ? "/dev/stdin" : name);
     connect(settings.user, settings.passwordFile);
-    if (multiSave && MultiSaveStart() != 1) {
-        throw Refused("the server does not start a multi-save");
-    }
-    runLines(file, name,
-             settings); // when it throws, the end of the connection drops what a multi-save has collected
-    if (multiSave && MultiSaveCommit() != 1) {
-        throw Refused("the server did not commit the multi-save; nothing was stored");
-    }
+    (multiSave ? runLinesTogether : runLines)(file, name, settings);
 }
 
 } // namespace
@@ -152,7 +152,7 @@ void addBatch(CommandLine& line)
                         "Run a file of commands over one connection, up to the first refusal\n\n"
                         "A line is a command as it is typed, without \"velrzm\"; quotes hold words "
                         "together, and \"#\" begins a comment. --store, --user, --password-file and --trace "
-                        "hold for the whole batch, --format may stand on a line.",
+                        "hold for the whole batch; --format may stand on a line.",
                         "velrzm batch commands.txt --multi-save",
                         [&line, options] { runBatch(options->file, options->multiSave, line.settings()); });
     command.add_option("file", options->file, "File of commands; - for standard input")->required();

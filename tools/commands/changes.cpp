@@ -12,7 +12,10 @@ namespace {
 
 using Need = Parameter::Need;
 
-constexpr Parameter changeNumber = {"change", "Number of the engineering change", Need::Required};
+constexpr Parameter changeNumber = {"change", "Number of the engineering change", Need::Required,
+                                    Parameter::Takes::ObjectNumber};
+constexpr Parameter changeOrId = {"change", "Number of the engineering change", Need::Optional,
+                                  Parameter::Takes::ObjectNumber};
 
 Outcome listAffectedItems(Call& call)
 {
@@ -31,38 +34,35 @@ Outcome listAffectedItems(Call& call)
 CommandGroup changeCommands()
 {
     using namespace parameters;
-    return {
-        "ec",
-        "Create and show engineering changes\n\n"
-        "An engineering change is what items, documents and component lines are stored under. Its number is "
-        "stored in upper case; \"open\" takes it as it is stored.",
-        {{"create",
-          "Store a new engineering change",
-          "velrzm ec create EC-100 --name \"Stronger bracket\"",
-          {changeNumber,
-           {"--name", "What the change is about"},
-           securityLevel,
-           securityCategory,
-           {"--initiator NAME", "Who asks for the change; by default the user"}},
-          {},
-          [](Call& call) {
-              const int result = EngineeringChangeCreate(
-                  call.text("change"), call.text("--name"), call.text("--security-level"),
-                  call.text("--security-category"), call.text("--initiator"));
-              call.nothing(result);
-              return Outcome{currentRecords({"db_object_id"})};
-          }},
-         {"open",
-          "Show a stored engineering change",
-          "velrzm ec open EC-100 --select desc,status",
-          {{"change", "Number of the engineering change as it is stored"},
-           {"--id ID", "Database identifier, instead of the number"}},
-          {"id", "desc", "status", "chg_control_code", "initiator@person_identifier", "update_count",
-           "db_object_id"},
-          [](Call& call) {
-              return call.object(
-                  EngineeringChangeOpen(call.text("--id"), call.text("change"), call.selectedArray()));
-          }}}};
+    return {"ec",
+            "Create and show engineering changes\n\n"
+            "An engineering change is what items, documents and component lines are stored under.",
+            {{"create",
+              "Store a new engineering change",
+              "velrzm ec create EC-100 --name \"Stronger bracket\"",
+              {changeNumber,
+               {"--name", "What the change is about"},
+               securityLevel,
+               securityCategory,
+               {"--initiator NAME", "Who asks for the change; by default the user"}},
+              {},
+              [](Call& call) {
+                  const int result = EngineeringChangeCreate(
+                      call.text("change"), call.text("--name"), call.text("--security-level"),
+                      call.text("--security-category"), call.text("--initiator"));
+                  call.nothing(result);
+                  return Outcome{currentRecords({"db_object_id"})};
+              }},
+             {"open",
+              "Show a stored engineering change",
+              "velrzm ec open EC-100 --select desc,status",
+              {changeOrId, {"--id ID", "Database identifier, instead of the number"}},
+              {"id", "desc", "status", "chg_control_code", "initiator@person_identifier", "update_count",
+               "db_object_id"},
+              [](Call& call) {
+                  return call.object(
+                      EngineeringChangeOpen(call.text("--id"), call.text("change"), call.selectedArray()));
+              }}}};
 }
 
 CommandGroup affectedItemCommands()
@@ -83,8 +83,7 @@ CommandGroup affectedItemCommands()
          {"list",
           "List the items that an engineering change affects",
           "velrzm affected list EC-100",
-          {{"change", "Number of the engineering change as it is stored"},
-           {"--id ID", "Database identifier of the change, instead of its number"}},
+          {changeOrId, {"--id ID", "Database identifier of the change, instead of its number"}},
           {"item_number", "change_action@curr_key", "item_status", "pln_rev_level", "db_object_id"},
           listAffectedItems}}};
 }

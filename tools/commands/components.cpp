@@ -11,9 +11,12 @@ namespace {
 
 using Need = Parameter::Need;
 
-constexpr Parameter parent = {"parent", "Parent item as it is stored", Need::Required};
-constexpr Parameter component = {"component", "Component item as it is stored", Need::Required};
-constexpr Parameter sequence = {"sequence", "Number of the line on the parent", Need::Required};
+constexpr Parameter parent = {"parent", "Number of the parent item", Need::Required,
+                              Parameter::Takes::ObjectNumber};
+constexpr Parameter component = {"component", "Number of the component item", Need::Required,
+                                 Parameter::Takes::ObjectNumber};
+constexpr Parameter sequence = {"sequence", "Number of the line on the parent", Need::Required,
+                                Parameter::Takes::WholeNumber};
 constexpr Parameter storedIdentifier = {"identifier", "Database identifier", Need::Required};
 
 const std::vector<std::string> lineAttributes = {"logical_key@item_number", "logical_key@comp_item_number",
@@ -26,9 +29,9 @@ CommandGroup componentCommands()
     using parameters::change;
     return {"component",
             "Create, show and delete component lines of bills of material\n\n"
-            "A component line says that a component item occurs once in a parent item; equal components "
-            "stand on lines of their own, parted by the sequence number. A line that would make an item "
-            "contain itself is refused.",
+            "A component line says that a component item occurs once in a parent item. Where it occurs "
+            "several times, it has as many lines, which differ in their sequence number. A line that would "
+            "make an item contain itself is refused.",
             {{"create",
               "Store a component line",
               "velrzm component create A-100 B-200 10 --ec EC-100",
@@ -65,8 +68,8 @@ CommandGroup componentReferenceCommands()
     using parameters::change;
     return {"component-ref",
             "Store and delete cross-references of component lines\n\n"
-            "A cross-reference is what another system, such as a CAD application, calls a component line. A "
-            "line has at most one.",
+            "A cross-reference is the identifier that another system, such as a CAD application, has for a "
+            "component line. A line has at most one.",
             {{"save",
               "Store the cross-reference of a component line",
               "velrzm component-ref save A-100 B-200 10 4711 --ec EC-100",
@@ -80,7 +83,7 @@ CommandGroup componentReferenceCommands()
                   return call.object(result);
               }},
              {"delete",
-              "Delete a component reference",
+              "Delete the cross-reference of a component line",
               "velrzm component-ref delete 43 --ec EC-100",
               {storedIdentifier, change},
               {},
@@ -92,32 +95,33 @@ CommandGroup componentReferenceCommands()
 CommandGroup itemReferenceCommands()
 {
     using namespace parameters;
-    return {"item-ref",
-            "Tie documents to items, and untie them\n\n"
-            "What is shown as \"db_object_id\" when a tie is made is the identifier by which it is deleted.",
-            {{"create",
-              "Tie a document to an item",
-              "velrzm item-ref create A-100 DOC-7 1 4711 --ec EC-100",
-              {item,
-               {"document", "Document number", Need::Required},
-               {"revision", "Revision of the document", Need::Required},
-               {"reference", "Identifier of the document in the calling system", Need::Required},
-               change},
-              {"logical_key@item_number", "logical_key@reference_id", "reference_level", "item_ref_xref",
-               "db_object_id"},
-              [](Call& call) {
-                  return call.object(ItemReferenceCreate(call.text("--ec"), call.text("item"),
-                                                         call.text("document"), call.text("revision"),
-                                                         call.text("reference"), call.selectedArray()));
-              }},
-             {"delete",
-              "Delete the tie between a document and an item",
-              "velrzm item-ref delete 44 --ec EC-100",
-              {storedIdentifier, change},
-              {},
-              [](Call& call) {
-                  return call.nothing(ItemReferenceDelete(call.text("identifier"), call.text("--ec")));
-              }}}};
+    return {
+        "item-ref",
+        "Link documents to items, and remove the links\n\n"
+        "The \"db_object_id\" that is shown when a link is made is the identifier by which it is deleted.",
+        {{"create",
+          "Link a document to an item",
+          "velrzm item-ref create A-100 DOC-7 1 4711 --ec EC-100",
+          {item,
+           parameters::document,
+           {"revision", "Revision of the document", Need::Required},
+           {"reference", "Identifier of the document in the calling system", Need::Required},
+           change},
+          {"logical_key@item_number", "logical_key@reference_id", "reference_level", "item_ref_xref",
+           "db_object_id"},
+          [](Call& call) {
+              return call.object(ItemReferenceCreate(call.text("--ec"), call.text("item"),
+                                                     call.text("document"), call.text("revision"),
+                                                     call.text("reference"), call.selectedArray()));
+          }},
+         {"delete",
+          "Remove the link between a document and an item",
+          "velrzm item-ref delete 44 --ec EC-100",
+          {storedIdentifier, change},
+          {},
+          [](Call& call) {
+              return call.nothing(ItemReferenceDelete(call.text("identifier"), call.text("--ec")));
+          }}}};
 }
 
 } // namespace tools

@@ -26,7 +26,8 @@ Outcome recordsOf(const std::vector<std::string>& columns, const Lists& lists)
     return outcome;
 }
 
-constexpr Parameter product = {"product", "Product; without it the answer is about every product"};
+constexpr Parameter product = {"product", "Product; all products unless one is named",
+                               Parameter::Need::Optional, Parameter::Takes::SearchText};
 
 } // namespace
 

@@ -4,10 +4,12 @@
 #include <memory>
 #include <vector>
 
+#include <CLI/App.hpp>
+
 #include "config/defaults_file.h"
 #include "tools/command_line/command_line.h"
+#include "tools/output/text.h"
 #include "tools/process/failures.h"
-#include "tools/process/standard_streams.h"
 #include "tools/site_files/defaults_check.h"
 #include "tools/site_files/defaults_uses.h"
 
@@ -44,6 +46,9 @@ void show(const std::string& operation, const Settings& settings)
         records.rows.push_back({entry.name, entry.value, entry.file, std::to_string(entry.line)});
     }
     writeRecords(records, Shape::List, settings.format);
+    if (records.rows.empty()) {
+        throw NothingFound("no defaults are set for " + operation);
+    }
 }
 
 void check(const std::string& named, const Settings& settings)
@@ -62,7 +67,7 @@ void check(const std::string& named, const Settings& settings)
     }
     writeRecords(records, Shape::List, settings.format);
     if (!records.rows.empty()) {
-        throw Refused(std::to_string(records.rows.size()) + " problems in the defaults files");
+        throw Refused(counted(records.rows.size(), "problem") + " in the defaults files");
     }
 }
 

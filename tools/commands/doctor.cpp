@@ -4,7 +4,6 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <memory>
@@ -14,14 +13,17 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <velrzm/connection.h>
 #include <velrzm/qvlocal.h>
 
 #include "config/defaults_file.h"
 #include "tools/command_line/command_line.h"
+#include "tools/commands/environment_check.h"
+#include "tools/output/text.h"
+#include "tools/process/environment.h"
 #include "tools/process/failures.h"
 #include "tools/process/local_server.h"
 #include "tools/process/log_places.h"
-#include "tools/process/standard_streams.h"
 
 namespace tools {
 
@@ -43,29 +45,47 @@ public:
     }
 
     const Records& records() const { return records_; }
-    int problems() const { return problems_; }
+    std::size_t problems() const { return problems_; }
 
 private:
     Records records_{{"subject", "place", "state"}, {}};
-    int problems_ = 0;
+    std::size_t problems_ = 0;
 };
+
+void lookAtVersions(Findings& findings)
+{
+    findings.good("command", "velrzm", "version " VELRZM_VERSION);
+    findings.good("library", "libvelrzm", std::string("level ") + RZMCodeLevel());
+}
+
+void lookAtEnvironment(Findings& findings)
+{
+    for (const VariableFinding& variable : checkEnvironment()) {
+        if (variable.isProblem) {
+            findings.bad("environment", variable.name, variable.state);
+        } else {
+            findings.good("environment", variable.name, variable.state);
+        }
+    }
+}
 
 void lookAtStore(Findings& findings)
 {
     if (!localServerServes()) {
-        findings.good("server", "the server's own client library", "serves the calls; it has no store here");
+        findings.good("server", "the server's own client library",
+                      "serves the calls; there is no store here");
         return;
     }
-    findings.good("server", "libqvlocal, the local server", "serves the calls");
+    findings.good("server", "libqvlocal, the local server", "version " + qvlocal::version());
     std::string location;
     try {
         location = qvlocal::currentStore();
         const qvlocal::StoreSummary store = qvlocal::summarizeStore(location);
         constexpr std::uintmax_t kilobyte = 1024;
         findings.good("store", location,
-                      "can be opened; format " + std::to_string(store.formatVersion) + ", " +
-                          std::to_string(store.bytes / kilobyte) +
-                          " KB, users: " + std::to_string(store.users));
+                      std::string(store.isReadOnly ? "can only be read" : "can be used") + "; " +
+                          store.engine + ", format " + std::to_string(store.formatVersion) + ", " +
+                          std::to_string(store.bytes / kilobyte) + " KB, " + counted(store.users, "user"));
         for (const auto& [className, count] : store.objects) {
             findings.good("objects", className, std::to_string(count));
         }
@@ -99,14 +119,13 @@ int tryToWrite(const std::string& path)
 struct Log {
     const char* subject;
     const char* variable;
-    const char* usualPlace; // null: it is not written
+    const char* usualPlace; // "": it is not written
 };
 
 void lookAtLog(Findings& findings, const Log& log)
 {
-    const char* const value = std::getenv(log.variable); // NOLINT(concurrency-mt-unsafe): one thread
-    const char* const path = value == nullptr ? log.usualPlace : value;
-    if (path == nullptr || *path == '\0') {
+    const std::string path = environmentVariable(log.variable).value_or(log.usualPlace);
+    if (path.empty()) {
         findings.good(log.subject, "", std::string("not written; ") + log.variable + " names a file for it");
         return;
     }
@@ -144,27 +163,19 @@ void lookAtDefaults(Findings& findings, const char* subject, const std::string& 
 
 void lookAtSharedDefaults(Findings& findings)
 {
-    const char* const directory =
-        std::getenv("RZM_DEFAULT_DIRECTORY"); // NOLINT(concurrency-mt-unsafe): one thread
-    std::error_code ignored;
-    if (directory != nullptr && *directory != '\0' && !fs::is_directory(directory, ignored)) {
-        findings.bad(
-            "shared defaults", directory,
-            "is no directory; set RZM_DEFAULT_DIRECTORY to the one with the defaults file, or unset it");
-    }
     if (const auto path = velrzm::sharedDefaultsPath()) {
         lookAtDefaults(findings, "shared defaults", *path);
     } else {
-        findings.bad("shared defaults", directory == nullptr ? "" : directory,
+        findings.bad("shared defaults", environmentText("RZM_DEFAULT_DIRECTORY"),
                      "makes the path of the file longer than " + std::to_string(velrzm::longestDefaultsPath) +
                          " characters, and the library skips it; set RZM_DEFAULT_DIRECTORY to a shorter one");
     }
 }
 
-/** The library's logs as this command finds them; whatever was made for the look at them goes again. */
+/** The places of the library's logs, as the commands set them. Directories made on the way go again. */
 class LogDirectories {
 public:
-    LogDirectories() : made_(keepLogsOutOfTheWay()) {}
+    LogDirectories() : made_(putLogsIntoStateDirectory()) {}
     ~LogDirectories()
     {
         std::error_code ignored;
@@ -181,17 +192,19 @@ private:
 
 void examine(const Settings& settings)
 {
-    const LogDirectories directories;
     Findings findings;
+    lookAtVersions(findings);
     lookAtStore(findings);
-    lookAtLog(findings, {"access log", "QVL_LOG_FILE", nullptr});
+    lookAtEnvironment(findings);
+    const LogDirectories directories;
+    lookAtLog(findings, {"access log", "QVL_LOG_FILE", ""});
     lookAtLog(findings, {"error log", "QVL_LOG_ERROR", "./QVL_LOG_ERROR"});
     lookAtLog(findings, {"last-error file", "QVL_LAST_ERROR", "./QVL_LAST_ERROR"});
     lookAtSharedDefaults(findings);
     lookAtDefaults(findings, "local defaults", velrzm::localDefaultsPath);
     writeRecords(findings.records(), Shape::List, settings.format);
     if (findings.problems() > 0) {
-        throw Refused("problems found: " + std::to_string(findings.problems()));
+        throw Refused(counted(findings.problems(), "problem") + " found");
     }
 }
 
@@ -199,7 +212,7 @@ void examine(const Settings& settings)
 
 void addDoctor(CommandLine& line)
 {
-    line.addCommand(line.app(), "doctor", "Look at the store, the logs and the defaults files",
+    line.addCommand(line.app(), "doctor", "Look at versions, store, environment, logs and defaults files",
                     "velrzm doctor", [&line] { examine(line.settings()); });
 }
 

@@ -14,7 +14,6 @@ namespace {
 
 using Need = Parameter::Need;
 
-constexpr Parameter document = {"document", "Document number", Need::Required};
 constexpr Parameter revision = {"revision", "Revision number", Need::Required};
 constexpr Parameter title = {"--title TEXT", "Title of the document"};
 constexpr Parameter partner = {"--reference ID", "Identifier of the document in the calling system"};
@@ -29,7 +28,7 @@ OperationCommand vaultCommand(const char* name, const char* description, const c
     return {name,
             description,
             example,
-            {{"document", "Document number"},
+            {{"document", "Document number", Need::Optional, Parameter::Takes::ObjectNumber},
              {"revision", "Revision number"},
              {"--id ID", "Database identifier of the version, instead of the numbers"}},
             documentAttributes,
@@ -67,15 +66,14 @@ Outcome listVersions(Call& call)
 
 CommandGroup documentCommands()
 {
-    using parameters::change;
-    using parameters::neededChange;
+    using namespace parameters;
     return {"doc",
             "Create documents, check them out and in, and revise them\n\n"
             "A document has revisions, and a revision has versions in the vault. Whoever checks a version "
-            "out holds it, until they check it in, which makes the next version, or give the check-out up. "
+            "out holds it until they check it in, which makes the next version, or cancel the check-out. "
             "\"revise\" makes the next revision. The server gives a new document its number.",
             {{"create",
-              "Create a document and check its first version in",
+              "Create a document and check in its first version",
               "velrzm doc create \"Bracket drawing\" --ec EC-100",
               {{"title", "Title of the document", Need::Required}, change, partner},
               documentAttributes,
@@ -85,9 +83,9 @@ CommandGroup documentCommands()
               }},
              vaultCommand("checkout", "Check a document out of the vault", "velrzm doc checkout 1 1",
                           DocumentCheckOut),
-             vaultCommand("checkin", "Check a document in that was checked out", "velrzm doc checkin 1 1",
+             vaultCommand("checkin", "Check in a document that was checked out", "velrzm doc checkin 1 1",
                           DocumentCheckIn),
-             vaultCommand("cancel", "Give a check-out up", "velrzm doc cancel 1 1", DocumentCancelCheckOut),
+             vaultCommand("cancel", "Cancel a check-out", "velrzm doc cancel 1 1", DocumentCancelCheckOut),
              {"revise",
               "Make the next revision of a document",
               "velrzm doc revise 1 1 --title \"Bracket drawing\" --ec EC-100",
@@ -116,7 +114,7 @@ CommandGroup documentCommands()
              {"last",
               "Show the latest revision of a document",
               "velrzm doc last 1",
-              {{"document", "Document number as it is stored", Need::Required},
+              {document,
                {"--all", "Show all revisions, the latest last", Need::Optional, Parameter::Takes::Nothing}},
               {},
               listVersions}}};

@@ -1,24 +1,28 @@
 // SPDX-License-Identifier: Apache-2.0
 //
 // A bill of material as a parts list that import reads.
-#include <map>
 #include <memory>
 #include <set>
 
+#include <CLI/App.hpp>
+
 #include "tools/command_line/command_line.h"
+#include "tools/command_line/command_tree.h"
 #include "tools/output/format.h"
 #include "tools/output/records.h"
 #include "tools/parts_list/columns.h"
 #include "tools/process/failures.h"
 #include "tools/process/session.h"
-#include "tools/structure/structure.h"
+#include "tools/structure/product_structure.h"
+#include "tools/structure/structure_tree.h"
 
 namespace tools {
 
 namespace {
 
 struct ExportOptions {
-    StructureRequest request;
+    std::string item;
+    std::string change;
     std::vector<std::string> attributes;
 };
 
@@ -38,39 +42,24 @@ void checkAttributes(const std::vector<std::string>& attributes)
     }
 }
 
-/** The values of each component for the attributes `names`; the lines are the current result. */
-std::map<std::string, std::vector<std::string>> itemValues(const std::vector<StructureLine>& lines,
-                                                           const std::vector<std::string>& names)
-{
-    std::map<std::string, std::vector<std::string>> items;
-    const Records components = currentRecords(itemAttributesOfLines(ofComponent, names));
-    for (std::size_t line = 0; line < lines.size(); ++line) {
-        items.emplace(lines[line].component, components.rows[line]);
-    }
-    return items;
-}
-
 void exportPartsList(const ExportOptions& options, const Settings& settings)
 {
     checkAttributes(options.attributes);
     connect(settings.user, settings.passwordFile);
-    const StructureRequest& request = options.request;
     std::vector<std::string> names = {"name", "item_type"};
     names.insert(names.end(), options.attributes.begin(), options.attributes.end());
-    std::vector<std::string> selected = itemAttributesOfLines(ofComponent, names);
-    selected.insert(selected.end(), structureAttributes.begin(), structureAttributes.end());
-    if (explode(request, selected) <= 0) {
-        throw Refused(request.item + " has no bill of material to export");
+    const ProductStructure structure =
+        readStructure({options.item, options.change, 0}, Direction::Down, names);
+    if (structure.items.front().parts.empty()) {
+        throw NothingFound(options.item + " has no bill of material to export");
     }
-    const std::vector<StructureLine> lines = currentStructureLines();
-    std::map<std::string, std::vector<std::string>> items = itemValues(lines, names);
-    items[request.item] = topItemValues(request, names);
     Records records{{"level", "item_number", "quantity"}, {}};
     records.columns.insert(records.columns.end(), names.begin(), names.end());
-    for (const StructureNode& node : structureTree(request.item, lines)) {
-        std::vector<std::string>& row = records.rows.emplace_back(
-            std::vector{std::to_string(node.level), node.item, std::to_string(node.quantity)});
-        row.insert(row.end(), items[node.item].begin(), items[node.item].end());
+    for (const TreeRow& row : treeRows(structure, Repeated::Referred)) {
+        const StructureItem& item = structure.items[row.item];
+        std::vector<std::string>& fields = records.rows.emplace_back(
+            std::vector{std::to_string(row.level), item.number, std::to_string(row.quantity)});
+        fields.insert(fields.end(), item.values.begin(), item.values.end());
     }
     writeRecords(records, Shape::List, Format::Csv);
 }
@@ -79,21 +68,21 @@ void exportPartsList(const ExportOptions& options, const Settings& settings)
 
 void addExport(CommandLine& line)
 {
-    const auto exportOptions = std::make_shared<ExportOptions>();
-    CLI::App& exported = line.addCommand(
-        line.app(), "export", "Write a bill of material and its items as a CSV file that import reads",
+    const auto options = std::make_shared<ExportOptions>();
+    CLI::App& command = line.addCommand(
+        line.app(), "export",
+        "Write a bill of material and its items as a CSV file that import reads\n\n"
+        "What stands below an item that occurs several times is written once, where the item occurs first.",
         "velrzm export A-100 --attributes mass_g,colour > parts.csv",
-        [&line, exportOptions] { exportPartsList(*exportOptions, line.settings()); });
-    exported.add_option("item", exportOptions->request.item, "Item as it is stored")->required();
-    exported.add_option("--ec", exportOptions->request.change, "Lines of this change only")
-        ->type_name("CHANGE");
-    exported
-        .add_option("--attributes", exportOptions->attributes,
-                    "Item attributes to write as further columns, which import --attributes reads")
-        ->type_name("NAME,...")
-        ->delimiter(',')
-        ->expected(1)
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+        [&line, options] { exportPartsList(*options, line.settings()); });
+    haveOneForm(command, "csv");
+    takeObjectNumber(*command.add_option("item", options->item, "Item number")->required());
+    takeObjectNumber(
+        *command.add_option("--ec", options->change, "Lines of this change only")->type_name("CHANGE"));
+    takeList(*command
+                  .add_option("--attributes", options->attributes,
+                              "Item attributes to write as further columns, which import --attributes reads")
+                  ->type_name("NAME,..."));
 }
 
 } // namespace tools

@@ -3,6 +3,8 @@
 // Help, and what the shells and the build ask the program about itself.
 #include <memory>
 
+#include <CLI/App.hpp>
+
 #include "tools/command_line/command_line.h"
 #include "tools/command_line/command_tree.h"
 #include "tools/command_line/completion.h"
@@ -10,7 +12,7 @@
 #include "tools/command_line/help.h"
 #include "tools/command_line/manual.h"
 #include "tools/command_line/wrong_usage.h"
-#include "tools/process/standard_streams.h"
+#include "tools/output/results.h"
 
 namespace tools {
 
@@ -38,7 +40,7 @@ void addHelp(CommandLine& line)
         bool all = false;
     };
     const auto options = std::make_shared<Options>();
-    CLI::App& command = line.addCommand(line.app(), "help", "Explain a command, or list all of them",
+    CLI::App& command = line.addCommand(line.app(), "help", "Explain a command, or list all commands",
                                         "velrzm help item create", [&line, options] {
                                             if (options->all) {
                                                 writeResult(allCommands(line.app()));
@@ -46,6 +48,7 @@ void addHelp(CommandLine& line)
                                                 explain(line.app(), options->words);
                                             }
                                         });
+    haveOneForm(command);
     command.add_option("command", options->words,
                        "Command to explain, one word or two; by default velrzm itself");
     command.add_flag("--all", options->all, "List every command with its summary");
@@ -61,6 +64,7 @@ void addCompletion(CommandLine& line)
         "source <(velrzm completion bash).",
         "velrzm completion zsh > ~/.zfunc/_velrzm",
         [shell] { writeResult(*shell == "zsh" ? zshCompletion : bashCompletion); });
+    haveOneForm(command);
     insistOnChoices(*command.add_option("shell", *shell, "Shell that reads the script")
                          ->required()
                          ->type_name("bash|zsh"));

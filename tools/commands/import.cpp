@@ -2,25 +2,23 @@
 //
 // A parts list into the store.
 #include <algorithm>
-#include <cctype>
-#include <cstdlib>
 #include <fstream>
 #include <memory>
-#include <optional>
 
-#include <velrzm/logging.h>
-#include <velrzm/multi_save.h>
+#include <CLI/App.hpp>
 
 #include "csv/csv_file.h"
 #include "tools/command_line/command_line.h"
-#include "tools/output/format.h"
+#include "tools/command_line/command_tree.h"
+#include "tools/output/outcome.h"
 #include "tools/output/text.h"
 #include "tools/parts_list/columns.h"
 #include "tools/parts_list/import.h"
 #include "tools/parts_list/parts_list.h"
 #include "tools/parts_list/source_text.h"
 #include "tools/process/failures.h"
-#include "tools/process/output_capture.h"
+#include "tools/process/interruption.h"
+#include "tools/process/multi_save.h"
 #include "tools/process/session.h"
 #include "tools/process/standard_streams.h"
 
@@ -70,9 +68,6 @@ void readWords(ImportOptions& options)
     options.rules.notCountable = options.notCountable == "once"   ? NotCountable::Once
                                  : options.notCountable == "skip" ? NotCountable::Skip
                                                                   : NotCountable::Refuse;
-    std::string& change = options.request.change;
-    std::transform(change.begin(), change.end(), change.begin(),
-                   [](unsigned char unit) { return static_cast<char>(std::toupper(unit)); });
 }
 
 /** A parts list, and the file that it was read from. */
@@ -123,22 +118,17 @@ void complain(const ImportOptions& options, Source& source)
     }
 }
 
-std::string count(std::size_t number, const std::string& noun)
-{
-    return std::to_string(number) + " " + noun + (number == 1 ? "" : "s");
-}
-
 std::string described(const ImportCounts& counts)
 {
-    std::string text = count(counts.items, "item") + " and " + count(counts.lines, "component line") + "; " +
-                       count(counts.itemsBefore, "item") + (counts.itemsBefore == 1 ? " was" : " were") +
-                       " stored before";
+    std::string text = counted(counts.items, "item") + " and " + counted(counts.lines, "component line") +
+                       "; " + counted(counts.itemsBefore, "item") +
+                       (counts.itemsBefore == 1 ? " was" : " were") + " stored before";
     const auto further = [&text](std::size_t number, const std::string& what) {
         text += number == 0 ? "" : ", " + what;
     };
-    further(counts.changedItems, count(counts.changedItems, "item") + " changed");
-    further(counts.keptLines, count(counts.keptLines, "component line") + " kept");
-    further(counts.removedLines, count(counts.removedLines, "component line") + " removed");
+    further(counts.changedItems, counted(counts.changedItems, "item") + " changed");
+    further(counts.keptLines, counted(counts.keptLines, "component line") + " kept");
+    further(counts.removedLines, counted(counts.removedLines, "component line") + " removed");
     return text;
 }
 
@@ -172,23 +162,17 @@ void tellNotes(const ImportOptions& options, std::vector<std::string>& notes)
 /** Stores what `import` has planned; what the server refuses is added to the complaints. Returns whether it was stored. */
 bool storeInOneMultiSave(const ImportOptions& options, const Source& source, Import& import)
 {
-    unsetenv(
-        "QV_MULTI_SAVE"); // NOLINT(concurrency-mt-unsafe): one thread; all or nothing is what import promises
-    if (MultiSaveStart() != 1) {
-        throw Refused("the server does not start a multi-save; nothing was stored");
-    }
+    startMultiSave();
     import.carryOut();
     const bool isStored = !options.dryRun && (source.list.complaints.empty() || options.keepGoing);
-    if ((isStored ? MultiSaveCommit() : MultiSaveDiscard()) != 1) {
-        throw Refused("the server did not end the multi-save; nothing was stored");
-    }
+    (isStored ? commitMultiSave : discardMultiSave)();
     return isStored;
 }
 
 [[noreturn]] void refuse(const ImportOptions& options, const Source& source, const std::string& outcome)
 {
     const std::size_t refused = source.list.complaints.size();
-    throw Refused(count(refused, "row") + " of " + options.shownFile() + (refused == 1 ? " is" : " are") +
+    throw Refused(counted(refused, "row") + " of " + options.shownFile() + (refused == 1 ? " is" : " are") +
                   " refused; " + outcome);
 }
 
@@ -207,22 +191,12 @@ void importPartsList(ImportOptions options, const Settings& settings)
     connect(settings.user, settings.passwordFile);
     Import import(list, options.request);
     bool isStored = false;
-    {
-        OutputCapture messages; // the reasons are told with the rows
-        try {
-            import.plan();
-            if (list.complaints.empty() || options.keepGoing) {
-                isStored = storeInOneMultiSave(options, source, import);
-            }
-        } catch (...) {
-            messages.take();
-            throw;
+    interruptibly("nothing was stored", [&] {
+        import.plan();
+        if (list.complaints.empty() || options.keepGoing) {
+            isStored = storeInOneMultiSave(options, source, import);
         }
-        const std::string trace = messages.take();
-        if (QVL_Traces_Level > 0) {
-            writeNote(trace);
-        }
-    }
+    });
     tellNotes(options, list.notes);
     complain(options, source);
     if (!list.complaints.empty()) {
@@ -233,11 +207,9 @@ void importPartsList(ImportOptions options, const Settings& settings)
     if (options.update && settings.format == Format::Table && !differences.rows.empty()) {
         writeRecords(differences, Shape::List, Format::Table);
     }
-    if (settings.format == Format::Table) {
-        writeResult((isStored ? "Stored " : "Would store ") + described(import.counts()) + ".\n");
-    } else {
-        writeRecords(asRecords(import.counts(), isStored), Shape::Object, settings.format);
-    }
+    writeOutcome(sentence((isStored ? "Stored " : "Would store ") + described(import.counts()) + ".",
+                          asRecords(import.counts(), isStored)),
+                 settings.format);
 }
 
 } // namespace
@@ -266,19 +238,19 @@ void addImport(CommandLine& line)
     import
         .add_option("file", options->file, "CSV file whose first row names the columns; - for standard input")
         ->required();
-    import.add_option("--ec", options->request.change, "Number of the change that introduces the items")
-        ->required()
-        ->type_name("CHANGE");
-    import
-        .add_option("--map", options->map,
-                    "Which column is what: " + joined(partsListColumns(), ", ") +
-                        "; a column with a usual name needs none")
-        ->type_name("NAME=COLUMN,...")
-        ->delimiter(',')
-        ->expected(1)
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-    import.add_option("--top", options->rules.top, "Item that stands above all; made when it is not there")
-        ->type_name("ITEM");
+    takeObjectNumber(
+        *import.add_option("--ec", options->request.change, "Number of the change that introduces the items")
+             ->required()
+             ->type_name("CHANGE"));
+    takeList(*import
+                  .add_option("--map", options->map,
+                              "Which column is what: " + joined(partsListColumns(), ", ") +
+                                  "; a column with a usual name needs none")
+                  ->type_name("NAME=COLUMN,..."));
+    takeObjectNumber(
+        *import
+             .add_option("--top", options->rules.top, "Item that stands above all; made when it is not there")
+             ->type_name("ITEM"));
     import.add_flag("--update", options->update,
                     "Make stored assemblies equal to the list, and stored items too; tells the difference");
     import.add_flag("--add", options->add, "Add the list's lines to those of stored assemblies")
@@ -286,19 +258,19 @@ void addImport(CommandLine& line)
     import.add_flag("--create-parents", options->request.createParents, "Make parents that no row describes");
     import.add_flag("--no-affected-items", options->noAffectedItems,
                     "Do not record the items as affected by the change");
-    import
-        .add_option("--not-countable", options->notCountable,
-                    "What becomes of rows with a quantity such as 2.5 m or A/R; refused unless given")
-        ->check(CLI::IsMember({"refuse", "once", "skip"}))
-        ->type_name("refuse|once|skip");
+    insistOnChoices(
+        *import
+             .add_option("--not-countable", options->notCountable,
+                         "What becomes of rows with a quantity such as 2.5 m or A/R; refused unless given")
+             ->type_name("refuse|once|skip"));
     import
         .add_option(
             "--delimiter", options->delimiter,
             "What stands between the fields: auto, comma, semicolon, tab, or a character; auto unless given")
         ->type_name("CHARACTER");
-    import.add_option("--encoding", options->encoding, "Encoding of the file; utf-8 unless given")
-        ->check(CLI::IsMember(partsListEncodings))
-        ->type_name("utf-8|latin1|windows-1252");
+    insistOnChoices(
+        *import.add_option("--encoding", options->encoding, "Encoding of the file; utf-8 unless given")
+             ->type_name(joined(partsListEncodings, "|")));
     import.add_option("--skip", options->rules.skippedLines, "Lines above the header to leave out")
         ->type_name("COUNT");
     import.add_flag("--attributes", options->rules.keepOtherColumns,

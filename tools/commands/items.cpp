@@ -69,83 +69,88 @@ Outcome linkItem(Call& call)
 CommandGroup itemCommands()
 {
     using namespace parameters;
-    return {"item",
-            "Create, change, show and search items\n\n"
-            "An item is a part, an assembly or anything else that has a number. It is stored under an "
-            "engineering change: the same number may be stored under several, so that --ec belongs to what "
-            "names an item. Numbers and names are stored in upper case. --set stores attributes of the "
-            "site's own.",
-            {{"create",
-              "Store a new item",
-              "velrzm item create A-100 --ec EC-100 --name Bracket --type PART --set mass_g=120",
-              {item, change, name, type, set},
-              itemAttributes,
-              createItem},
-             {"save",
-              "Change a stored item",
-              "velrzm item save A-100 --ec EC-100 --set mass_g=115",
-              {item, change, {"--name", "New name; by default the item keeps its own"}, type, set},
-              itemAttributes,
-              saveItem},
-             {"open",
-              "Show a stored item",
-              "velrzm item open A-100 --ec EC-100 --select name,mass_g",
-              {item, change},
-              itemAttributes,
-              [](Call& call) {
-                  return call.object(ItemOpen(call.text("item"), call.text("--ec"), call.selectedList()));
-              }},
-             {"query",
-              "Search items\n\n"
-              "Without --in-development an item is found once for each engineering change that affects it. "
-              "Whatever is given must match; \"velrzm item query\" alone finds all.",
-              "velrzm item query A- --ec EC-100 --format json",
-              {{"item", "Beginning of the item number, or \"=\" and the whole number"},
-               {"--ec CHANGE", "Number of a change that affects the item, or a pattern with %"},
-               type,
-               {"--status TEXT", "Beginning of the status under the change"},
-               {"--name", "Beginning of the name"},
-               {"--description", "Beginning of the description"},
-               {"--sort-by-ec", "Sort by change number instead of item number", Need::Optional,
-                Parameter::Takes::Nothing},
-               {"--in-development", "Search items in development, whether a change affects them or not",
-                Need::Optional, Parameter::Takes::Nothing}},
-              {"logical_key@item_number", "name", "item_type", "description", "il_ec_number"},
-              queryItems},
-             {"header",
-              "Store a new item header and, with --ec, release it under that change",
-              "velrzm item header A-200 --name Plate --ec EC-100",
-              {item, change, name, {"--description", "Description"}, type, securityLevel, securityCategory},
-              {},
-              [](Call& call) {
-                  call.nothing(ItemHeaderCreate(
-                      call.text("--ec"), call.text("item"), call.text("--name"), call.text("--description"),
-                      call.text("--type"), call.text("--security-level"), call.text("--security-category")));
-                  return Outcome{currentRecords({"db_object_id"})};
-              }},
-             {"effectivity",
-              "Store from which unit of a product on an item is effective",
-              "velrzm item effectivity A-100 BICYCLE 25 --ec EC-100",
-              {item,
-               {"product", "Product", Need::Required},
-               {"unit", "First unit of the product", Need::Required},
-               change,
-               set},
-              {"item_number", "ecid", "prod_id", "cut_in_unit", "db_object_id"},
-              [](Call& call) {
-                  return call.object(ItemPUEffectivityCreate(
-                      call.text("--ec"), call.text("item"), call.text("product"), call.text("unit"),
-                      call.inputNames(), call.inputValues(), call.selectedList()));
-              }},
-             {"link",
-              "Store the identifier that the calling system has for an item, or show it",
-              "velrzm item link A-100 4711 --ec EC-100",
-              {item,
-               {"identifier", "Identifier to store; without it the stored one is shown"},
-               change,
-               identifier},
-              {"logical_key@item_number", "il_ec_number", "alias_xref", "db_object_id"},
-              linkItem}}};
+    return {
+        "item",
+        "Create, change, show and search items\n\n"
+        "An item is a part, an assembly or anything else that has a number. It is stored under an "
+        "engineering change, and the same number may be stored under several, so --ec is part of what "
+        "names an item. Names are stored in upper case. --set stores attributes of the site's own.",
+        {{"create",
+          "Store a new item",
+          "velrzm item create A-100 --ec EC-100 --name Bracket --type PART --set mass_g=120",
+          {item, change, name, type, set},
+          itemAttributes,
+          createItem},
+         {"save",
+          "Change a stored item",
+          "velrzm item save A-100 --ec EC-100 --set mass_g=115",
+          {item, change, {"--name", "New name; by default the item keeps its own"}, type, set},
+          itemAttributes,
+          saveItem},
+         {"open",
+          "Show a stored item",
+          "velrzm item open A-100 --ec EC-100 --select name,mass_g",
+          {item, change},
+          itemAttributes,
+          [](Call& call) {
+              return call.object(ItemOpen(call.text("item"), call.text("--ec"), call.selectedList()));
+          }},
+         {"query",
+          "Search items\n\n"
+          "Without --in-development an item is found once for each engineering change that affects it. "
+          "Whatever is given must match; \"velrzm item query\" alone finds all. In the item, the change, "
+          "the status, the name and the description \"%\" stands for any text and \"_\" for any one "
+          "character.",
+          "velrzm item query A- --ec EC-100 --format json",
+          {{"item", "Beginning of the item number, or \"=\" and the whole number", Need::Optional,
+            Parameter::Takes::ObjectNumber},
+           {"--ec CHANGE", "Number of a change that affects the item", Need::Optional,
+            Parameter::Takes::ObjectNumber},
+           {"--type CODE", "Item type code", Need::Optional, Parameter::Takes::SearchText},
+           {"--status", "Beginning of the status under the change", Need::Optional,
+            Parameter::Takes::SearchText},
+           {"--name", "Beginning of the name", Need::Optional, Parameter::Takes::SearchText},
+           {"--description", "Beginning of the description", Need::Optional, Parameter::Takes::SearchText},
+           {"--sort-by-ec", "Sort by change number instead of item number", Need::Optional,
+            Parameter::Takes::Nothing},
+           {"--in-development", "Search items in development, whether a change affects them or not",
+            Need::Optional, Parameter::Takes::Nothing}},
+          {"logical_key@item_number", "name", "item_type", "description", "il_ec_number"},
+          queryItems},
+         {"header",
+          "Store a new item header and, with --ec, release it under that change",
+          "velrzm item header A-200 --name Plate --ec EC-100",
+          {item, change, name, {"--description", "Description"}, type, securityLevel, securityCategory},
+          {},
+          [](Call& call) {
+              call.nothing(ItemHeaderCreate(call.text("--ec"), call.text("item"), call.text("--name"),
+                                            call.text("--description"), call.text("--type"),
+                                            call.text("--security-level"), call.text("--security-category")));
+              return Outcome{currentRecords({"db_object_id"})};
+          }},
+         {"effectivity",
+          "Store from which unit of a product on an item is effective",
+          "velrzm item effectivity A-100 BICYCLE 25 --ec EC-100",
+          {item,
+           {"product", "Product", Need::Required},
+           {"unit", "First unit of the product", Need::Required},
+           change,
+           set},
+          {"item_number", "ecid", "prod_id", "cut_in_unit", "db_object_id"},
+          [](Call& call) {
+              return call.object(ItemPUEffectivityCreate(
+                  call.text("--ec"), call.text("item"), call.text("product"), call.text("unit"),
+                  call.inputNames(), call.inputValues(), call.selectedList()));
+          }},
+         {"link",
+          "Store the identifier that the calling system has for an item, or show it",
+          "velrzm item link A-100 4711 --ec EC-100",
+          {item,
+           {"identifier", "Identifier to store; without it the stored one is shown"},
+           change,
+           identifier},
+          {"logical_key@item_number", "il_ec_number", "alias_xref", "db_object_id"},
+          linkItem}}};
 }
 
 } // namespace tools

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// What happened, and what failed, as an access log tells it.
+// What was called, and what failed, according to an access log.
 #include <algorithm>
 #include <memory>
 
+#include <CLI/App.hpp>
+
 #include "tools/command_line/command_line.h"
 #include "tools/output/text.h"
-#include "tools/process/standard_streams.h"
 #include "tools/site_files/access_log_reader.h"
 
 namespace tools {
@@ -91,8 +92,9 @@ void addLogCommand(CommandLine& line, CLI::App& group, const char* name, const c
 
 void addLogCommands(CommandLine& line)
 {
-    CLI::App& group = line.addGroup("log", "Tell what was called and what failed, from an access log\n\n"
-                                           "The library writes an access log when QVL_LOG_FILE names one.");
+    CLI::App& group =
+        line.addGroup("log", "Show what was called and what failed, according to an access log\n\n"
+                             "The library writes an access log when QVL_LOG_FILE names one.");
     addLogCommand(line, group, "summary", "Count the calls and failures of each operation in an access log",
                   "velrzm log summary access.log", summarize);
     addLogCommand(line, group, "failures", "Show each failed call with the inputs of its operation",

@@ -5,13 +5,15 @@
 #include <memory>
 #include <utility>
 
+#include <CLI/App.hpp>
+
 #include <velrzm/result.h>
 
 #include "tools/command_line/command_tree.h"
 #include "tools/output/text.h"
 #include "tools/process/failures.h"
+#include "tools/process/library_output.h"
 #include "tools/process/session.h"
-#include "tools/process/standard_streams.h"
 
 namespace tools {
 
@@ -32,15 +34,12 @@ std::vector<std::string> selection(const CLI::App& command, std::vector<std::str
     return given.empty() ? std::move(shownByDefault) : given;
 }
 
-/** Refused, or, when the server had nothing against it, not found. */
-[[noreturn]] void throwRefused(const CLI::App& command)
+[[noreturn]] void throwFailure(const CLI::App& command)
 {
-    const std::string name = command.get_parent()->get_name() + " " + command.get_name();
     if (QV_RC < 0) {
-        throw Refused(name + ": refused by the server with the code " + std::to_string(QV_RC) +
-                      "; the reason stands above, --trace 5 shows every call");
+        throwServerFailure(pathOf(command));
     }
-    throw Refused(name + ": nothing was found");
+    throw NothingFound(pathOf(command) + ": nothing was found");
 }
 
 void addParameter(CLI::App& command, const Parameter& parameter)
@@ -58,19 +57,26 @@ void addParameter(CLI::App& command, const Parameter& parameter)
     if (!choicesOf(option).empty()) {
         insistOnChoices(option);
     }
-    if (parameter.takes == Parameter::Takes::Pairs) {
+    switch (parameter.takes) {
+    case Parameter::Takes::SearchText:
+        return insistOnNoApostrophe(option);
+    case Parameter::Takes::ObjectNumber:
+        return takeObjectNumber(option);
+    case Parameter::Takes::WholeNumber:
+        return insistOnWholeNumber(option, 0);
+    case Parameter::Takes::Pairs:
         option.expected(1)->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+        return;
+    case Parameter::Takes::Text:
+    case Parameter::Takes::Nothing:
+        return;
     }
 }
 
 void addSelection(CLI::App& command, const std::vector<std::string>& shown)
 {
     const std::string description = "Attributes to show; by default " + joined(shown, ", ");
-    command.add_option(selectOption, description)
-        ->type_name("NAME,...")
-        ->delimiter(',')
-        ->expected(1)
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    takeList(*command.add_option(selectOption, description)->type_name("NAME,..."));
 }
 
 void runCommand(const OperationCommand& operation, const CLI::App& command, const Settings& settings)
@@ -81,13 +87,9 @@ void runCommand(const OperationCommand& operation, const CLI::App& command, cons
     if (outcome.records.columns.empty()) {
         return;
     }
-    if (const auto drawn = outcome.drawn.find(settings.format); drawn != outcome.drawn.end()) {
-        writeResult(drawn->second());
-    } else {
-        writeRecords(outcome.records, outcome.shape, settings.format);
-    }
-    if (outcome.records.rows.empty() && !outcome.mayBeEmpty) {
-        throwRefused(command);
+    writeOutcome(outcome, settings.format);
+    if (outcome.records.rows.empty() && outcome.noRecords.empty()) {
+        throwFailure(command);
     }
 }
 
@@ -138,7 +140,7 @@ char* Call::text(const std::string& parameter)
 Outcome Call::object(int result) const
 {
     if (result != 1) {
-        throwRefused(command_);
+        throwFailure(command_);
     }
     return {currentRecords(selected_), Shape::Object};
 }
@@ -146,7 +148,7 @@ Outcome Call::object(int result) const
 void Call::found(int result) const
 {
     if (result <= 0 && QV_RC < 0) {
-        throwRefused(command_);
+        throwFailure(command_);
     }
 }
 
@@ -159,7 +161,7 @@ Outcome Call::list(int result) const
 Outcome Call::nothing(int result) const
 {
     if (result != 1) {
-        throwRefused(command_);
+        throwFailure(command_);
     }
     return {};
 }

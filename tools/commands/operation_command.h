@@ -18,12 +18,18 @@
 
 namespace tools {
 
-/** What a command takes: "item" stands at its place in the command line, "--ec CHANGE" is an option. Behind
- * the name of an option stands what the help calls its value, if that is no mere TEXT; "a|b" allows these words
- * only. */
+/** What a command takes: "item" is an argument with a place of its own, "--ec CHANGE" an option and what the
+ * help calls its value, which is TEXT where nothing is said. A value "a|b" allows these words only. */
 struct Parameter {
     enum class Need { Optional, Required };
-    enum class Takes { Text, Nothing, Pairs };
+    enum class Takes {
+        Text,
+        SearchText,   // a text that the server searches for
+        ObjectNumber, // of an item, a change or a document; turned to upper case
+        WholeNumber,  // 0 or more
+        Pairs,        // NAME=VALUE, may be repeated
+        Nothing       // a flag
+    };
 
     const char* name;
     const char* description;
@@ -50,14 +56,14 @@ public:
     VELListValVELUnicodeString& inputNames() { return inputNames_; }
     VELListValVELUnicodeString& inputValues() { return inputValues_; }
 
-    /** The selected attributes of the current result, of which the operation said that there is one object;
-     * throws Refused when it said that there is none. */
+    /** The selected attributes of the object that an operation left as the current result. `result` is what the
+     * operation returned; throws Failure when it failed. */
     Outcome object(int result) const;
     /** The same for an operation that finds any number of records. */
     Outcome list(int result) const;
     /** Only the check of `list`, for what is not read from the current result. */
     void found(int result) const;
-    /** For an operation that leaves nothing to read. */
+    /** The check of `object` alone, for an operation that leaves nothing to read. */
     Outcome nothing(int result) const;
 
 private:
@@ -93,10 +99,13 @@ struct CommandGroup {
 /** The names of parameters and options that mean the same wherever they occur. */
 namespace parameters {
 
-constexpr Parameter change = {"--ec CHANGE", "Number of the engineering change"};
+constexpr Parameter change = {"--ec CHANGE", "Number of the engineering change", Parameter::Need::Optional,
+                              Parameter::Takes::ObjectNumber};
 constexpr Parameter neededChange = {"--ec CHANGE", "Number of the engineering change",
-                                    Parameter::Need::Required};
-constexpr Parameter item = {"item", "Item number", Parameter::Need::Required};
+                                    Parameter::Need::Required, Parameter::Takes::ObjectNumber};
+constexpr Parameter item = {"item", "Item number", Parameter::Need::Required, Parameter::Takes::ObjectNumber};
+constexpr Parameter document = {"document", "Document number", Parameter::Need::Required,
+                                Parameter::Takes::ObjectNumber};
 constexpr Parameter identifier = {"--id ID", "Database identifier, instead of the numbers"};
 constexpr Parameter name = {"--name", "Name of the item"};
 constexpr Parameter type = {"--type CODE", "Item type code"};

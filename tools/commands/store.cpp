@@ -3,14 +3,17 @@
 // Commands that look after a store of the local server.
 #include <memory>
 
+#include <CLI/App.hpp>
+
 #include <velrzm/qvlocal.h>
 
 #include "tools/command_line/command_line.h"
+#include "tools/output/outcome.h"
 #include "tools/output/progress.h"
+#include "tools/output/text.h"
 #include "tools/process/failures.h"
 #include "tools/process/interruption.h"
 #include "tools/process/password.h"
-#include "tools/process/standard_streams.h"
 
 namespace tools {
 
@@ -19,12 +22,14 @@ namespace {
 void initializeStore(const Settings& settings)
 {
     if (settings.user.empty()) {
-        throw WrongUsage("the store needs a first user; name one with --user");
+        throw WrongUsage("the store needs a first user; name them with --user");
     }
     const std::string location = qvlocal::currentStore();
     qvlocal::requireNoStore(location); // before a password is typed in vain
     qvlocal::initializeStore(location, settings.user, newPassword(settings.user, settings.passwordFile));
-    writeResult("Made the store " + location + " with the user " + settings.user + ".\n");
+    writeOutcome(sentence("Made the store " + location + " with the user " + settings.user + ".",
+                          {{"store", "user"}, {{location, settings.user}}}),
+                 settings.format);
 }
 
 struct BackupOptions {
@@ -32,12 +37,12 @@ struct BackupOptions {
     bool isForced = false;
 };
 
-void backUpStore(const BackupOptions& options)
+void backUpStore(const BackupOptions& options, const Settings& settings)
 {
     constexpr std::uintmax_t kilobyte = 1024;
     const std::string location = qvlocal::currentStore();
     std::uintmax_t size = 0;
-    {
+    interruptibly("no copy was made", [&] {
         Progress progress("KB");
         qvlocal::backUpStore(location, options.file,
                              options.isForced ? qvlocal::Replace::Yes : qvlocal::Replace::No,
@@ -46,22 +51,23 @@ void backUpStore(const BackupOptions& options)
                                  size = total / kilobyte;
                                  progress.show(done / kilobyte, size);
                              });
-    }
-    writeResult("Copied the store " + location + " to " + options.file + ", " + std::to_string(size) +
-                " KB.\n");
+    });
+    const std::string sizeText = std::to_string(size);
+    writeOutcome(sentence("Copied the store " + location + " to " + options.file + ", " + sizeText + " KB.",
+                          {{"store", "file", "kilobytes"}, {{location, options.file, sizeText}}}),
+                 settings.format);
 }
 
 void addBackup(CommandLine& line)
 {
     const auto options = std::make_shared<BackupOptions>();
-    CLI::App& backup = line.addCommand(line.app(), "backup",
-                                       "Copy the store into a file, while others go on working with it",
-                                       "velrzm backup parts-monday.db", [options] { backUpStore(*options); });
+    CLI::App& backup = line.addCommand(
+        line.app(), "backup", "Copy the store into a file while others go on working with it",
+        "velrzm backup parts-monday.db", [&line, options] { backUpStore(*options, line.settings()); });
     backup.add_option("file", options->file, "File to make; it is a store itself")->required();
     backup.add_flag("--force", options->isForced, "Replace a file that is already there");
 }
 
-/** What the commands of users do with a store and a user. */
 void addUser(const Settings& settings, const std::string& user)
 {
     qvlocal::addUser(qvlocal::currentStore(), user, newPassword(user, settings.passwordFile));
@@ -113,18 +119,20 @@ void addUserCommands(CommandLine& line)
 }
 
 template <std::size_t (*load)(const std::string&, const std::string&)>
-void loadFile(const Settings& /*settings*/, const std::string& file)
+void loadFile(const Settings& settings, const std::string& file)
 {
     const std::size_t rows = load(qvlocal::currentStore(), file);
-    writeResult("Loaded " + std::to_string(rows) + " rows from " + file + ".\n");
+    writeOutcome(sentence("Loaded " + counted(rows, "row") + " from " + file + ".",
+                          {{"file", "rows"}, {{file, std::to_string(rows)}}}),
+                 settings.format);
 }
 
 void addLoadCommands(CommandLine& line)
 {
-    CLI::App& group =
-        line.addGroup("load", "Load tables of a store from CSV files\n\n"
-                              "The first row of a file names its columns. What a file is about is "
-                              "replaced: the options of its products, the entries of its tables.");
+    CLI::App& group = line.addGroup(
+        "load", "Load tables of a store from CSV files\n\n"
+                "The first row of a file names its columns. A file replaces what the store has of its "
+                "products or tables, and leaves that of others alone.");
     addCommandOn(line, group, "options", "Load options: the columns product, feature, variant",
                  "velrzm load options options.csv", "file", "CSV file to load",
                  loadFile<qvlocal::loadProductOptions>);

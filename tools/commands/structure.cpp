@@ -4,10 +4,13 @@
 #include <velrzm/product_structure.h>
 
 #include "tools/commands/operation_command.h"
+#include "tools/output/text.h"
 #include "tools/process/failures.h"
-#include "tools/structure/drawing.h"
+#include "tools/structure/comparison.h"
 #include "tools/structure/graph.h"
-#include "tools/structure/structure.h"
+#include "tools/structure/occurrences.h"
+#include "tools/structure/product_structure.h"
+#include "tools/structure/structure_tree.h"
 
 namespace tools {
 
@@ -15,111 +18,147 @@ namespace {
 
 using Need = Parameter::Need;
 
-constexpr Parameter topItem = {"item", "Item as it is stored", Need::Required};
-constexpr Parameter lineChange = {"--ec CHANGE", "Lines of this change only"};
-constexpr Parameter levels = {"--level NUMBER", "How many levels; by default all"};
+constexpr Parameter lineChange = {"--ec CHANGE", "Lines of this change only", Need::Optional,
+                                  Parameter::Takes::ObjectNumber};
+constexpr Parameter expand = {"--expand", "Repeat the branch of an item wherever the item occurs",
+                              Need::Optional, Parameter::Takes::Nothing};
+constexpr Parameter levels = {"--level NUMBER", "How many levels; 0, or none given, is all of them",
+                              Need::Optional, Parameter::Takes::WholeNumber};
 
-StructureRequest request(Call& call, const char* item)
+int numberOfLevels(Call& call)
 {
-    const std::string limit = call.text("--level");
-    if (limit.find_first_not_of("0123456789") != std::string::npos) {
-        throw WrongUsage("--level " + limit + ": this is no number of levels");
-    }
-    return {call.text(item), call.text("--ec"), limit};
+    return wholeNumber(call.text("--level")).value_or(0);
 }
 
-std::vector<StructureLine> lines(Call& call, const char* item)
+ProductStructure readDown(Call& call, const char* item, const char* change = "--ec")
 {
-    call.found(explode(request(call, item), structureAttributes));
-    return currentStructureLines();
+    return readStructure({call.text(item), call.text(change), numberOfLevels(call)}, Direction::Down);
+}
+
+/** The same of the argument "item", which must have lines. */
+ProductStructure readBillOfMaterial(Call& call)
+{
+    ProductStructure structure = readDown(call, "item");
+    if (structure.items.front().parts.empty()) {
+        throw NothingFound(structure.items.front().number + " has no bill of material");
+    }
+    return structure;
+}
+
+Repeated repeatedItems(Call& call)
+{
+    return call.has("--expand") ? Repeated::Expanded : Repeated::Referred;
 }
 
 Outcome explodeStructure(Call& call)
 {
-    return call.list(explode(request(call, "item"), call.selected()));
-}
-
-/** The graph of a structure, with the name of its top, which no line of it tells. */
-std::string graph(const StructureRequest& request, std::vector<StructureNode> nodes)
-{
-    nodes.front().name = topItemValues(request, {"name"}).front();
-    return structureGraph(nodes);
+    TextArray names({"item_number", "ec_number", "max_level"});
+    TextArray values({call.text("item"), call.text("--ec"), call.text("--level")});
+    return call.list(BomExplode(names.data(), values.data(), call.selectedArray()));
 }
 
 Outcome drawTree(Call& call)
 {
-    const std::vector<StructureLine> found = lines(call, "item");
-    if (found.empty()) {
-        return {{{"item_number"}, {}}, Shape::List};
-    }
-    const StructureRequest asked = request(call, "item");
-    const std::vector<StructureNode> nodes = structureTree(asked.item, found);
-    Outcome outcome = drawing(nodes);
-    outcome.drawn[Format::Dot] = [=] { return graph(asked, nodes); };
-    outcome.drawn[Format::Svg] = [=] { return drawnGraph(graph(asked, nodes)); };
+    const ProductStructure structure = readBillOfMaterial(call);
+    const bool isForced = call.has("--force");
+    Outcome outcome = treeOutcome(structure, repeatedItems(call));
+    outcome.drawn[Format::Dot] = [=] { return structureGraph(structure); };
+    outcome.drawn[Format::Svg] = [=] {
+        if (!isForced) {
+            requireDrawable(structure);
+        }
+        return drawnGraph(structureGraph(structure));
+    };
     return outcome;
+}
+
+Outcome showUsers(Call& call)
+{
+    const ProductStructure structure =
+        readStructure({call.text("item"), call.text("--ec"), numberOfLevels(call)}, Direction::Up);
+    if (structure.items.front().parts.empty()) {
+        throw NothingFound("no structure uses " + structure.items.front().number);
+    }
+    return treeOutcome(structure, repeatedItems(call));
 }
 
 Outcome compareStructures(Call& call)
 {
-    Outcome outcome{differences(lines(call, "before"), lines(call, "after")), Shape::List};
-    outcome.mayBeEmpty = true;
-    return outcome;
+    const bool isOtherItem = call.has("after");
+    const bool isOtherChange = call.has("--after-ec");
+    if (!isOtherItem && !isOtherChange) {
+        throw WrongUsage("bom compare: nothing to compare " + std::string(call.text("before")) +
+                         " with; name a second item or give --after-ec");
+    }
+    const ProductStructure before = readDown(call, "before");
+    const ProductStructure after =
+        readDown(call, isOtherItem ? "after" : "before", isOtherChange ? "--after-ec" : "--ec");
+    return {differences(before, after), Shape::List, "no difference"};
 }
 
 } // namespace
 
 CommandGroup structureCommands()
 {
-    return {"bom",
-            "Show bills of material, add them up and compare them\n\n"
-            "A bill of material is the component lines of an item and, level by level, those of its "
-            "components. \"velrzm component\" and \"velrzm import\" store lines.",
-            {{"header",
-              "Make sure that an item has a bill-of-material header",
-              "velrzm bom header A-100 --ec EC-100",
-              {parameters::item, parameters::change},
-              {"db_object_id"},
-              [](Call& call) {
-                  return call.object(
-                      BomHeaderCreate(call.text("--ec"), call.text("item"), call.selectedArray()));
-              }},
-             {"explode",
-              "List all lines of a bill of material, depth first",
-              "velrzm bom explode A-100 --level 2 --format csv",
-              {topItem, lineChange, levels},
-              structureAttributes,
-              explodeStructure},
-             {"tree",
-              "Draw a bill of material as a tree, equal lines taken together, or as a graph of its items",
-              "velrzm bom tree A-100 --format svg > A-100.svg",
-              {topItem, lineChange, levels},
-              {},
-              drawTree,
-              {{"dot", Format::Dot}, {"svg", Format::Svg}}},
-             {"flat",
-              "Add up how often each component occurs, over all levels",
-              "velrzm bom flat A-100",
-              {topItem, lineChange, levels},
-              {},
-              [](Call& call) {
-                  return Outcome{totalQuantities(lines(call, "item")), Shape::List};
-              }},
-             {"where-used",
-              "Show which structures use an item, up to the topmost",
-              "velrzm bom where-used B-200",
-              {topItem, lineChange, levels},
-              {},
-              [](Call& call) { return drawing(whereUsed(request(call, "item"))); }},
-             {"compare",
-              "Show the lines added, removed and changed in number between two structures",
-              "velrzm bom compare A-100 A-101",
-              {{"before", "Item of the first structure", Need::Required},
-               {"after", "Item of the second structure", Need::Required},
-               lineChange,
-               levels},
-              {},
-              compareStructures}}};
+    return {
+        "bom",
+        "Show bills of material, add them up and compare them\n\n"
+        "A bill of material is the component lines of an item and, level by level, those of its "
+        "components. \"velrzm component\" and \"velrzm import\" store lines.",
+        {{"header",
+          "Make sure that an item has a bill-of-material header",
+          "velrzm bom header A-100 --ec EC-100",
+          {parameters::item, parameters::change},
+          {"db_object_id"},
+          [](Call& call) {
+              return call.object(BomHeaderCreate(call.text("--ec"), call.text("item"), call.selectedArray()));
+          }},
+         {"explode",
+          "List all lines of a bill of material, depth first",
+          "velrzm bom explode A-100 --level 2 --format csv",
+          {parameters::item, lineChange, levels},
+          {"level", "item_number", "comp_item_number", "comp_seq_nm", "comp_item@name"},
+          explodeStructure},
+         {"tree",
+          "Draw a bill of material as a tree or as a graph of its items\n\n"
+          "Equal lines of an item are taken together, with their number. The branch of an item that occurs "
+          "several times is drawn once; \"(see above)\" stands where it occurs again.",
+          "velrzm bom tree A-100 --format svg > A-100.svg",
+          {parameters::item,
+           lineChange,
+           levels,
+           expand,
+           {"--force", "Draw a picture that takes long", Need::Optional, Parameter::Takes::Nothing}},
+          {},
+          drawTree,
+          {{"dot", Format::Dot}, {"svg", Format::Svg}}},
+         {"flat",
+          "Add up how often each component occurs, over all levels",
+          "velrzm bom flat A-100",
+          {parameters::item, lineChange, levels},
+          {},
+          [](Call& call) {
+              return Outcome{totalQuantities(readBillOfMaterial(call)), Shape::List};
+          }},
+         {"where-used",
+          "Show which structures use an item, up to the topmost",
+          "velrzm bom where-used B-200",
+          {parameters::item, lineChange, levels, expand},
+          {},
+          showUsers},
+         {"compare",
+          "Show the components added, removed and changed in number between two structures\n\n"
+          "The structures are those of two items, or that of one item under two changes.",
+          "velrzm bom compare A-100 A-101",
+          {{"before", "Item of the first structure", Need::Required, Parameter::Takes::ObjectNumber},
+           {"after", "Item of the second structure; the same unless given", Need::Optional,
+            Parameter::Takes::ObjectNumber},
+           lineChange,
+           {"--after-ec CHANGE", "Lines of this change only in the second structure; --ec unless given",
+            Need::Optional, Parameter::Takes::ObjectNumber},
+           levels},
+          {},
+          compareStructures}}};
 }
 
 } // namespace tools

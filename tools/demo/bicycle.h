@@ -8,7 +8,7 @@
 
 namespace tools::demo {
 
-/** A line of the parts list: an item and how often it stands below the last line of the level above. */
+/** A line of the parts list: an item and how often it occurs in the last item of the level above. */
 struct PartsListLine {
     int level;
     const char* number;
@@ -16,7 +16,7 @@ struct PartsListLine {
     int quantity;
 };
 
-/** The parts list, indented. What stands below an item is told where the item comes first. */
+/** The parts list, indented. The parts of an item are listed where it comes first. */
 const std::vector<PartsListLine>& bicycle();
 
 } // namespace tools::demo

@@ -1,12 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
 //
 // `velrzm demo`: a session with the local server, told step by step.
+#include <CLI/App.hpp>
+
 #include <velrzm/connection.h>
 
 #include "tools/command_line/command_line.h"
+#include "tools/command_line/command_tree.h"
 #include "tools/demo/story.h"
 #include "tools/demo/workspace.h"
+#include "tools/output/pager.h"
 #include "tools/process/failures.h"
+#include "tools/process/library_output.h"
 #include "tools/process/local_server.h"
 
 namespace tools::demo {
@@ -14,7 +19,7 @@ namespace tools::demo {
 void require(bool succeeded, const char* what)
 {
     if (!succeeded) {
-        throw Refused(std::string(what) + " failed; what the library wrote about it stands above");
+        throwServerFailure(what);
     }
 }
 
@@ -50,6 +55,7 @@ void play(bool keep)
             "the demonstration needs the local server, and this program was built for another one; build "
             "it without VELRZM_QV_SDK");
     }
+    switchOffPager(); // which would stop in the middle of the story
     const Workspace workspace(keep);
     const LogOffAtTheEnd logOffAtTheEnd;
     Narrator tell;
@@ -90,6 +96,7 @@ void addDemo(CommandLine& line)
                             const CLI::App& parsed = *line.app().get_subcommand("demo");
                             demo::play(parsed.count("--keep") > 0);
                         });
+    haveOneForm(command);
     command.add_flag("--keep", "Keep the store, the defaults file and the logs, and say where they are");
 }
 

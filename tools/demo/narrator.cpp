@@ -4,12 +4,14 @@
 #include <algorithm>
 #include <fstream>
 
+#include "tools/output/results.h"
 #include "tools/output/table.h"
 #include "tools/output/terminal.h"
+#include "tools/output/text.h"
 #include "tools/process/failures.h"
 #include "tools/process/interruption.h"
-#include "tools/process/standard_streams.h"
-#include "tools/structure/drawing.h"
+#include "tools/process/visible_text.h"
+#include "tools/structure/structure_tree.h"
 
 namespace tools::demo {
 
@@ -20,7 +22,7 @@ constexpr unsigned indentation = 5; // of what belongs to a step
 void write(const std::string& text)
 {
     checkInterruption();
-    writeResult(text);
+    writeStyledResult(text);
 }
 
 std::vector<std::string> linesOf(std::istream& stream)
@@ -36,7 +38,7 @@ std::vector<std::string> linesOf(std::istream& stream)
 
 void Narrator::title(std::string_view text, std::string_view explanation) const
 {
-    write("\n" + styled(Style::Bold, text) + "\n" + std::string(explanation) + "\n");
+    write("\n" + styled(Style::Bold, text) + "\n" + visible(explanation) + "\n");
 }
 
 void Narrator::step(std::string_view what, std::string_view functions)
@@ -52,13 +54,13 @@ void Narrator::step(std::string_view what, std::string_view functions)
 void Narrator::outcome(std::string_view text, bool good) const
 {
     const std::string_view sign = !terminal().unicode ? (good ? "ok " : "no ") : good ? "\u2713 " : "\u2717 ";
-    write(std::string(indentation, ' ') + styled(good ? Style::Good : Style::Bad, sign) + std::string(text) +
+    write(std::string(indentation, ' ') + styled(good ? Style::Good : Style::Bad, sign) + visibleLine(text) +
           "\n");
 }
 
 void Narrator::line(std::string_view text) const
 {
-    write(std::string(indentation, ' ') + std::string(text) + "\n");
+    write(std::string(indentation, ' ') + visibleLine(text) + "\n");
 }
 
 void Narrator::table(const Records& records) const
@@ -66,9 +68,9 @@ void Narrator::table(const Records& records) const
     write(tableText(records, indentation));
 }
 
-void Narrator::tree(const std::vector<StructureNode>& nodes) const
+void Narrator::tree(const ProductStructure& structure) const
 {
-    write(drawnTree(nodes, indentation));
+    write(drawnTree(structure, Repeated::Referred, indentation));
 }
 
 void Narrator::quote(std::string_view text) const
@@ -77,7 +79,7 @@ void Narrator::quote(std::string_view text) const
     std::string quoted;
     while (!text.empty()) {
         const std::string_view line = text.substr(0, text.find('\n'));
-        quoted += styled(Style::Dim, bar + std::string(line)) + "\n";
+        quoted += styled(Style::Dim, bar + visible(line)) + "\n";
         text.remove_prefix(std::min(line.size() + 1, text.size()));
     }
     write(quoted);
@@ -87,8 +89,8 @@ void Narrator::file(const char* path, std::size_t firstLines, std::size_t lastLi
 {
     std::ifstream stream(path);
     const std::vector<std::string> lines = linesOf(stream);
-    line(styled(Style::Bold, path) + ", " + std::to_string(lines.size()) +
-         (lines.size() == 1 ? " line" : " lines"));
+    write(std::string(indentation, ' ') + styled(Style::Bold, path) + ", " + counted(lines.size(), "line") +
+          "\n");
     std::string shown;
     for (std::size_t i = 0; i < lines.size(); ++i) {
         if (i < firstLines || i + lastLines >= lines.size()) {

@@ -10,14 +10,15 @@
 #include <vector>
 
 #include "tools/output/records.h"
-#include "tools/process/output_capture.h"
-#include "tools/structure/structure.h"
+#include "tools/process/library_output.h"
+#include "tools/structure/product_structure.h"
 
 namespace tools::demo {
 
+/** Writes the parts of the demonstration, one below the other. */
 class Narrator {
 public:
-    /** The heading of the whole. */
+    /** The heading of everything. */
     void title(std::string_view text, std::string_view explanation) const;
 
     /** Begins a step: what happens, and the functions that do it. */
@@ -33,17 +34,17 @@ public:
         return result;
     }
 
-    /** The outcome of a step: as it should be, or, as the step is there to show, a refusal. */
+    /** The outcome of a step: success, or the refusal that the step is there to show. */
     void good(std::string_view text) const { outcome(text, true); }
     void bad(std::string_view text) const { outcome(text, false); }
 
     /** A plain line. */
     void line(std::string_view text) const;
     void table(const Records& records) const;
-    void tree(const std::vector<StructureNode>& nodes) const;
+    void tree(const ProductStructure& structure) const;
     /** The lines of a text, shown as they are. */
     void quote(std::string_view text) const;
-    /** A file: its first and last lines, and how many were left out between them. */
+    /** A file: its first and last lines, and how many are left out between them. */
     void file(const char* path, std::size_t firstLines, std::size_t lastLines) const;
 
 private:

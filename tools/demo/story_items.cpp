@@ -77,7 +77,7 @@ void createItems(Narrator& tell)
 
 void linkItems(Narrator& tell)
 {
-    tell.step("Say that the change acts on them", "AffectedItemCreate");
+    tell.step("Record that the change acts on them", "AffectedItemCreate");
     for (const Part& part : firstParts) {
         std::string change = changeNumber;
         std::string number = part.number;
@@ -110,7 +110,7 @@ void queryItems(Narrator& tell)
 
 void openMissingChange(Narrator& tell)
 {
-    tell.step("Open a change that is not there: refused and reported", "EngineeringChangeOpen");
+    tell.step("Open a change that does not exist: refused and reported", "EngineeringChangeOpen");
     TextArray selected({"desc"});
     std::string number = "EC-9999";
     std::string noIdentifier;

@@ -6,15 +6,14 @@
 
 #include <velrzm/items.h>
 #include <velrzm/multi_save.h>
+#include <velrzm/product_structure.h>
 #include <velrzm/result.h>
 
 #include "tools/demo/bicycle.h"
 #include "tools/demo/story.h"
 #include "tools/process/attribute_names.h"
-#include "tools/process/standard_streams.h"
 #include "tools/structure/builder.h"
-#include "tools/structure/drawing.h"
-#include "tools/structure/structure.h"
+#include "tools/structure/product_structure.h"
 
 namespace tools::demo {
 
@@ -73,15 +72,18 @@ void explodeBicycle(Narrator& tell)
 {
     tell.step("Explode its bill of material", "BomExplode, GetValue");
     const std::string top = bicycle().front().number;
-    const int found = tell.call([&] { return explode({top, "", ""}, structureAttributes); });
+    TextArray names({"item_number"});
+    TextArray values({top});
+    TextArray selected({"level"});
+    const int found = tell.call([&] { return BomExplode(names.data(), values.data(), selected.data()); });
     require(found > 0, "the explosion");
-    const std::vector<StructureNode> tree = structureTree(top, currentStructureLines());
-    const auto deepest = std::max_element(tree.begin(), tree.end(), [](const auto& left, const auto& right) {
-        return left.level < right.level;
-    });
-    tell.good(returned("BomExplode", found) + " lines on " + std::to_string(deepest->level) +
-              " levels; here with equal lines taken together");
-    tell.tree(tree);
+    int levels = 0;
+    for (int record = 0; record < found; ++record) {
+        levels = std::max(levels, std::stoi(currentValue(record, "level")));
+    }
+    tell.good(returned("BomExplode", found) + " lines on " + std::to_string(levels) +
+              " levels; here with equal lines taken together, as \"velrzm bom tree\" shows them");
+    tell.tree(readStructure({top, "", 0}, Direction::Down));
 }
 
 } // namespace tools::demo

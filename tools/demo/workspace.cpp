@@ -6,6 +6,7 @@
 #include <cstring>
 #include <system_error>
 
+#include "tools/process/environment.h"
 #include "tools/process/failures.h"
 
 namespace tools::demo {
@@ -41,9 +42,9 @@ void setEnvironment()
     };
     for (const Variable& variable : variables) {
         if (variable.value == nullptr) {
-            unsetenv(variable.name); // NOLINT(concurrency-mt-unsafe): one thread
+            unsetEnvironmentVariable(variable.name);
         } else {
-            setenv(variable.name, variable.value, 1); // NOLINT(concurrency-mt-unsafe): one thread
+            setEnvironmentVariable(variable.name, variable.value);
         }
     }
 }

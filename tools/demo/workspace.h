@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// The throw-away directory in which the demonstration takes place.
+// The temporary directory in which the demonstration takes place.
 #ifndef VELRZM_TOOLS_DEMO_WORKSPACE_H
 #define VELRZM_TOOLS_DEMO_WORKSPACE_H
 

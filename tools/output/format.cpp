@@ -7,8 +7,8 @@
 #include <nlohmann/json.hpp>
 
 #include "csv/csv_file.h"
+#include "tools/output/results.h"
 #include "tools/output/table.h"
-#include "tools/process/standard_streams.h"
 
 namespace tools {
 
@@ -58,7 +58,7 @@ std::string csvText(const Records& records)
     return text;
 }
 
-/** A value as it fits into a line of a print list. */
+/** A value on one line, as a print list needs it. */
 std::string oneLine(std::string value)
 {
     std::replace_if(
@@ -87,7 +87,7 @@ void writeRecords(const Records& records, Shape shape, Format format)
 {
     switch (format) {
     case Format::Table:
-        return writeResult(tableText(shape == Shape::Object ? attributesOf(records) : records));
+        return writeStyledResult(tableText(shape == Shape::Object ? attributesOf(records) : records));
     case Format::Json:
         return writeResult(jsonText(records, shape));
     case Format::Csv:

@@ -11,10 +11,10 @@ namespace tools {
 /** Dot and Svg are offered by commands that draw them themselves. */
 enum class Format { Table, Json, Csv, PrintList, Dot, Svg };
 
-/** One object, or as many as there are. */
+/** One object, or any number. */
 enum class Shape { Object, List };
 
-/** Writes records to the results. Only the table may cut values, to the width of a terminal. */
+/** Writes records to the results. Only a table on a terminal may cut values. */
 void writeRecords(const Records& records, Shape shape, Format format);
 
 } // namespace tools

@@ -9,12 +9,27 @@
 
 namespace tools {
 
-Progress::Progress(const char* unit) : unit_(unit), isWatched_(isatty(STDERR_FILENO) == 1) {}
+namespace {
+
+/** Puts a text in the place of the line that is shown. */
+void showLine(const std::string& text)
+{
+    static_cast<void>(writeAll(STDERR_FILENO, "\r" + text));
+}
+
+void eraseLine()
+{
+    showLine("\033[K");
+}
+
+} // namespace
+
+Progress::Progress(const char* unit) : unit_(unit), isWatched_(standardErrorIsTerminal()) {}
 
 Progress::~Progress()
 {
     if (isShown_) {
-        writeNote("\r\033[K");
+        eraseLine();
     }
 }
 
@@ -28,8 +43,27 @@ void Progress::show(std::size_t done, std::size_t total)
     }
     filled_ = filled;
     isShown_ = true;
-    writeNote("\r[" + std::string(filled, '#') + std::string(width - filled, ' ') + "] " +
-              std::to_string(done) + " of " + std::to_string(total) + " " + unit_);
+    showLine("[" + std::string(filled, '#') + std::string(width - filled, ' ') + "] " + std::to_string(done) +
+             " of " + std::to_string(total) + " " + unit_);
+}
+
+ElapsedTime::ElapsedTime(const char* work) : work_(work) {}
+
+ElapsedTime::~ElapsedTime()
+{
+    if (shown_.count() > 0) {
+        eraseLine();
+    }
+}
+
+void ElapsedTime::show()
+{
+    const auto elapsed =
+        std::chrono::duration_cast<std::chrono::seconds>(std::chrono::steady_clock::now() - begin_);
+    if (standardErrorIsTerminal() && elapsed > shown_) {
+        shown_ = elapsed;
+        showLine(std::string(work_) + ", " + std::to_string(elapsed.count()) + " s");
+    }
 }
 
 } // namespace tools

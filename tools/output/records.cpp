@@ -5,8 +5,8 @@
 
 #include <velrzm/result.h>
 
-#include "tools/process/failures.h"
 #include "tools/process/interruption.h"
+#include "tools/process/library_output.h"
 
 namespace tools {
 
@@ -14,8 +14,7 @@ std::string currentValue(int record, const std::string& name)
 {
     std::array<char, QV_MAX_VALUE_LENGTH + 1> value{};
     if (GetValue(record, name.c_str(), value.data(), value.size()) == 0) {
-        throw Refused("record " + std::to_string(record + 1) + " of " + std::to_string(entries) +
-                      " cannot be read from the server");
+        throwServerFailure("reading record " + std::to_string(record + 1) + " of " + std::to_string(entries));
     }
     return value.data();
 }

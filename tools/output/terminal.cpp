@@ -3,13 +3,14 @@
 
 #include <algorithm>
 #include <clocale>
-#include <cstdlib>
 #include <cstring>
+#include <cwchar>
 
 #include <langinfo.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include "tools/process/environment.h"
 #include "tools/process/standard_streams.h"
 
 namespace tools {
@@ -18,24 +19,20 @@ namespace {
 
 Terminal shown;
 
-bool isSet(const char* variable)
+bool showsColour()
 {
-    const char* const value = std::getenv(variable); // NOLINT(concurrency-mt-unsafe): one thread
-    return value != nullptr && *value != '\0';
+    const std::string type = environmentText("TERM");
+    return !type.empty() && type != "dumb" && environmentText("NO_COLOR").empty();
 }
 
-bool isDumb()
+void setSize(Terminal& sized, int descriptor)
 {
-    const char* const type = std::getenv("TERM"); // NOLINT(concurrency-mt-unsafe): one thread
-    return type == nullptr || std::strcmp(type, "dumb") == 0;
-}
-
-unsigned widthOf(int descriptor)
-{
-    constexpr unsigned usual = 80;
     winsize size = {};
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): that is how the system is asked
-    return ioctl(descriptor, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : usual;
+    if (ioctl(descriptor, TIOCGWINSZ, &size) == 0) {
+        sized.width = size.ws_col > 0 ? size.ws_col : sized.width;
+        sized.height = size.ws_row > 0 ? size.ws_row : sized.height;
+    }
 }
 
 /** Whether the user's locale is UTF-8. Texts are UTF-8 in any case. */
@@ -49,14 +46,45 @@ bool setTextLocale()
     return false;
 }
 
+struct Character {
+    std::size_t size;  // in bytes
+    std::size_t width; // in columns
+};
+
+Character firstCharacter(std::string_view text)
+{
+    wchar_t character = 0;
+    std::mbstate_t state = {};
+    const std::size_t size = std::mbrtowc(&character, text.data(), text.size(), &state);
+    if (size == 0 || size > text.size()) { // a NUL, or no character at all
+        return {1, 1};
+    }
+    return {size, static_cast<std::size_t>(std::max(wcwidth(character), 0))};
+}
+
+/** How many bytes of a text take at most `width` columns. */
+std::size_t fittingSize(std::string_view text, std::size_t width)
+{
+    std::size_t size = 0;
+    for (std::size_t used = 0; size < text.size();) {
+        const Character character = firstCharacter(text.substr(size));
+        used += character.width;
+        if (used > width) {
+            break;
+        }
+        size += character.size;
+    }
+    return size;
+}
+
 } // namespace
 
 void inspectTerminal()
 {
     shown.unicode = setTextLocale();
     shown.interactive = isatty(resultDescriptor()) == 1;
-    shown.colour = shown.interactive && !isSet("NO_COLOR") && !isDumb();
-    shown.width = widthOf(resultDescriptor());
+    shown.colour = shown.interactive && showsColour();
+    setSize(shown, resultDescriptor());
 }
 
 const Terminal& terminal()
@@ -66,20 +94,50 @@ const Terminal& terminal()
 
 std::string styled(Style style, std::string_view text)
 {
-    if (!shown.colour || text.empty()) {
+    if (!shown.colour || style == Style::Plain || text.empty()) {
         return std::string(text);
     }
-    const char* const codes[] = {"\033[1m", "\033[2m", "\033[32m", "\033[31m"};
+    const char* const codes[] = {"", "\033[1m", "\033[2m", "\033[32m", "\033[31m"};
     return codes[static_cast<int>(style)] + std::string(text) + "\033[0m";
+}
+
+std::size_t shownWidth(std::string_view text)
+{
+    std::size_t width = 0;
+    while (!text.empty()) {
+        const Character character = firstCharacter(text);
+        width += character.width;
+        text.remove_prefix(character.size);
+    }
+    return width;
 }
 
 std::string padded(std::string_view text, std::size_t width)
 {
-    const auto isContinuation = [](char unit) { return (static_cast<unsigned char>(unit) & 0xC0U) == 0x80U; };
-    const auto continuations = std::count_if(text.begin(), text.end(), isContinuation);
-    const std::size_t length = text.size() - static_cast<std::size_t>(continuations);
+    const std::size_t own = shownWidth(text);
     std::string result(text);
-    return result.append(width > length ? width - length : 0, ' ');
+    return result.append(width > own ? width - own : 0, ' ');
+}
+
+std::string cut(std::string_view text, std::size_t width)
+{
+    const std::string_view mark = shown.unicode ? "\u2026" : "...";
+    const std::size_t room = width - std::min(width, shownWidth(mark));
+    return std::string(text.substr(0, fittingSize(text, room))).append(mark);
+}
+
+std::vector<std::string> brokenLines(std::string_view text, std::size_t width)
+{
+    std::vector<std::string> lines;
+    while (shownWidth(text) > width) {
+        const std::size_t fitting = std::max(fittingSize(text, width), firstCharacter(text).size);
+        const std::size_t blank = text.rfind(' ', fitting);
+        const bool isBrokenAtBlank = blank != std::string_view::npos && blank > 0;
+        lines.emplace_back(text.substr(0, isBrokenAtBlank ? blank : fitting));
+        text.remove_prefix(isBrokenAtBlank ? blank + 1 : fitting);
+    }
+    lines.emplace_back(text);
+    return lines;
 }
 
 } // namespace tools

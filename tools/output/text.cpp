@@ -2,8 +2,13 @@
 #include "tools/output/text.h"
 
 #include <algorithm>
+#include <cctype>
+#include <charconv>
 #include <numeric>
 #include <sstream>
+#include <system_error>
+
+#include "tools/output/terminal.h"
 
 namespace tools {
 
@@ -39,41 +44,47 @@ bool isBeginning(const std::string& word, const std::string& whole)
 
 } // namespace
 
-std::string joined(const std::vector<std::string>& texts, const std::string& separator)
-{
-    std::string all;
-    for (const std::string& text : texts) {
-        all.append(all.empty() ? "" : separator).append(text);
-    }
-    return all;
-}
-
 std::string quoted(const std::string& text)
 {
     return '"' + text + '"';
 }
 
+std::string counted(std::size_t number, const std::string& unit)
+{
+    return std::to_string(number) + " " + unit + (number == 1 ? "" : "s");
+}
+
+std::string inUpperCase(std::string text)
+{
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](unsigned char letter) { return static_cast<char>(std::toupper(letter)); });
+    return text;
+}
+
+std::string searchFault(const std::string& text)
+{
+    return text.find('\'') == std::string::npos
+               ? ""
+               : quoted(text) + " has an apostrophe, which ends a text in the server's search conditions";
+}
+
+std::optional<int> wholeNumber(const std::string& text)
+{
+    int number = 0;
+    const char* const end = text.data() + text.size();
+    const auto [rest, error] = std::from_chars(text.data(), end, number);
+    return error == std::errc() && rest == end ? std::optional<int>(number) : std::nullopt;
+}
+
 std::string wrapped(const std::string& text, std::size_t width, std::size_t begin)
 {
-    std::string result;
-    std::istringstream lines(text);
-    for (std::string line; std::getline(lines, line);) {
-        result.append(result.empty() ? 0 : 1, '\n');
-        std::size_t column = begin;
-        std::istringstream words(line);
-        for (std::string word; words >> word; column += word.size()) {
-            if (column > begin && column + 1 + word.size() > width) {
-                result.append("\n").append(begin, ' ');
-                column = begin;
-            }
-            if (column > begin) {
-                result += ' ';
-                ++column;
-            }
-            result += word;
-        }
+    std::vector<std::string> lines;
+    std::istringstream paragraphs(text);
+    for (std::string paragraph; std::getline(paragraphs, paragraph);) {
+        lines.push_back(joined(brokenLines(paragraph, width - std::min(begin, width - 1)),
+                               "\n" + std::string(begin, ' ')));
     }
-    return result;
+    return joined(lines, "\n");
 }
 
 std::vector<std::string> nearest(const std::string& word, const std::vector<std::string>& words)

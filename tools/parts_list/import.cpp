@@ -19,15 +19,7 @@ constexpr const char* itemNumber = "logical_key@item_number";
 
 int numberOf(const std::string& sequence)
 {
-    constexpr std::size_t maxDigits = 9;
-    const bool isNumber = !sequence.empty() && sequence.size() <= maxDigits &&
-                          sequence.find_first_not_of("0123456789") == std::string::npos;
-    return isNumber ? std::stoi(sequence) : 0;
-}
-
-std::string count(std::size_t number, const std::string& noun)
-{
-    return std::to_string(number) + " " + noun + (number == 1 ? "" : "s");
+    return std::max(wholeNumber(sequence).value_or(0), 0);
 }
 
 } // namespace
@@ -162,7 +154,7 @@ void Import::planLines(std::size_t place, const std::vector<StoredLine>& stored)
     } else {
         list_.complaints.push_back(
             {told.front().line,
-             item.number + " has " + count(stored.size(), "component line") +
+             item.number + " has " + counted(stored.size(), "component line") +
                  " in the store already; --update makes them equal to the list, --add adds the "
                  "list's lines to them"});
     }
@@ -240,8 +232,8 @@ void Import::attempt(std::size_t line, Step step)
 {
     try {
         step();
-    } catch (const Refused& error) {
-        list_.complaints.push_back({line, error.what()});
+    } catch (const Failure& failure) {
+        list_.complaints.push_back({line, failure.what()});
     }
 }
 

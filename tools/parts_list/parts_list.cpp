@@ -22,13 +22,6 @@ namespace {
 constexpr std::size_t maxNumberLength = 44;
 constexpr auto nothing = static_cast<std::size_t>(-1);
 
-std::string upperCase(std::string text)
-{
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](unsigned char unit) { return static_cast<char>(std::toupper(unit)); });
-    return text;
-}
-
 /** The depth that a level says: of "3" and "..3" it is 3, of "1.2.1" as well. */
 std::optional<int> depthOf(std::string level)
 {
@@ -130,7 +123,7 @@ public:
     explicit PartsListReader(const PartsListRules& rules) : rules_(rules)
     {
         if (!rules.top.empty()) {
-            top_ = items_.placeOf(upperCase(trimmed(rules.top)));
+            top_ = items_.placeOf(inUpperCase(trimmed(rules.top)));
             list_.items[top_].isTop = true;
         }
     }
@@ -260,9 +253,8 @@ private:
                                 " characters; no search could name more than " +
                                 std::to_string(maxNumberLength));
         }
-        if (text.find('\'') != std::string::npos) {
-            refuse(meaning,
-                   "no search could name the number " + quoted(text) + ", which holds an apostrophe");
+        if (const std::string fault = searchFault(text); !fault.empty()) {
+            refuse(meaning, "the number " + fault);
         }
         return text;
     }
@@ -274,8 +266,8 @@ private:
             refuse("item_number", "the row has no item number");
         }
         PartsListItem item;
-        item.number = upperCase(written);
-        item.name = upperCase(columns_->field(record.fields, "name"));
+        item.number = inUpperCase(written);
+        item.name = inUpperCase(columns_->field(record.fields, "name"));
         item.type = columns_->field(record.fields, "item_type");
         item.line = record.line;
         if (const std::string text = columns_->field(record.fields, "description"); !text.empty()) {
@@ -378,7 +370,7 @@ private:
 
     void placeBelowParent(const csv::Record& record, const PartsListLine& line)
     {
-        const std::string parent = columns_->has("parent") ? upperCase(number(record, "parent")) : "";
+        const std::string parent = columns_->has("parent") ? inUpperCase(number(record, "parent")) : "";
         const std::size_t place = parent.empty() ? top_ : items_.placeOf(parent);
         if (place != nothing && (place != line.item || !parent.empty())) {
             list_.lines[place].push_back(line);

@@ -15,15 +15,35 @@ void note(int signal)
     received = signal;
 }
 
+void handle(int signal, void (*handler)(int))
+{
+    struct sigaction action = {};
+    action.sa_handler = handler; // without SA_RESTART: a wait for the keyboard ends
+    sigaction(signal, &action, nullptr);
+}
+
 } // namespace
 
 void noteInterruptions()
 {
-    struct sigaction action = {};
-    action.sa_handler = note; // without SA_RESTART: a wait for the keyboard ends
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-        sigaction(signal, &action, nullptr);
+        handle(signal, note);
     }
+}
+
+InterruptionsIgnored::InterruptionsIgnored()
+{
+    handle(SIGINT, SIG_IGN);
+}
+
+InterruptionsIgnored::~InterruptionsIgnored()
+{
+    handle(SIGINT, note);
+}
+
+bool isInterrupted()
+{
+    return received != 0;
 }
 
 void checkInterruption()

@@ -4,7 +4,7 @@
 
 namespace tools {
 
-/** Whether the local server, and not another library, serves the calls of this program. */
+/** Whether the local server, and not another library, serves this program's calls. */
 bool localServerServes();
 
 } // namespace tools

@@ -1,26 +1,21 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/process/log_places.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <system_error>
+
+#include "tools/process/environment.h"
 
 namespace tools {
 
 namespace {
 
-std::string environment(const char* name)
-{
-    const char* const value = std::getenv(name); // NOLINT(concurrency-mt-unsafe): one thread
-    return value == nullptr ? "" : value;
-}
-
 /** Empty when there is no place for one. */
 std::filesystem::path stateDirectory()
 {
-    const std::string given = environment("XDG_STATE_HOME");
-    const std::string home = environment("HOME");
+    const std::string given = environmentText("XDG_STATE_HOME");
+    const std::string home = environmentText("HOME");
     if (!given.empty() && given.front() == '/') {
         return std::filesystem::path(given) / "velrzm";
     }
@@ -40,7 +35,7 @@ std::vector<std::filesystem::path> missingDirectories(std::filesystem::path path
 
 } // namespace
 
-std::vector<std::filesystem::path> keepLogsOutOfTheWay()
+std::vector<std::filesystem::path> putLogsIntoStateDirectory()
 {
     const std::filesystem::path directory = stateDirectory();
     std::vector<std::filesystem::path> made = missingDirectories(directory);
@@ -48,7 +43,9 @@ std::vector<std::filesystem::path> keepLogsOutOfTheWay()
     std::filesystem::create_directories(directory, error);
     if (!directory.empty() && !error) {
         for (const char* const name : {"QVL_LOG_ERROR", "QVL_LAST_ERROR"}) {
-            setenv(name, (directory / name).c_str(), 0); // NOLINT(concurrency-mt-unsafe): one thread
+            if (!environmentVariable(name).has_value()) {
+                setEnvironmentVariable(name, directory / name);
+            }
         }
     }
     return made;

@@ -9,10 +9,10 @@
 
 namespace tools {
 
-/** Error log and last-error file go where the environment says, otherwise into the user's state directory: in
- * the working directory, the library's own default, they would replace those of the program that is looked
- * into. Returns the directories that were made for them, each before those in it. */
-std::vector<std::filesystem::path> keepLogsOutOfTheWay();
+/** Makes the user's state directory the place of the error log and the last-error file, unless the environment
+ * names others: in the working directory, the library's own default, they would replace those of the program
+ * that is being looked into. Returns the directories that were made for them, each before those in it. */
+std::vector<std::filesystem::path> putLogsIntoStateDirectory();
 
 } // namespace tools
 

@@ -2,17 +2,18 @@
 #include "tools/process/password.h"
 
 #include <array>
-#include <cerrno>
-#include <cstdlib>
-#include <cstring>
-#include <fstream>
+#include <optional>
 
 #include <fcntl.h>
 #include <termios.h>
 #include <unistd.h>
 
+#include "tools/process/environment.h"
 #include "tools/process/failures.h"
+#include "tools/process/files.h"
 #include "tools/process/interruption.h"
+#include "tools/process/standard_streams.h"
+#include "tools/process/visible_text.h"
 
 namespace tools {
 
@@ -43,7 +44,7 @@ public:
 
     std::string ask(const std::string& question) const
     {
-        static_cast<void>(write(file_, question.data(), question.size()) < 0);
+        static_cast<void>(writeAll(file_, visible(question)));
         std::array<char, 1024> line{};
         const ssize_t length = read(file_, line.data(), line.size());
         checkInterruption();
@@ -60,53 +61,43 @@ private:
 
 std::string firstLine(const std::string& path)
 {
-    std::ifstream file(path);
+    std::ifstream file = openForReading(path);
     std::string line;
-    if (!file.is_open() || (!std::getline(file, line) && file.bad())) {
-        throw WrongUsage("the password file " + path + " cannot be read: " + std::strerror(errno));
-    }
+    std::getline(file, line);
     if (!line.empty() && line.back() == '\r') {
         line.pop_back();
     }
     if (line.empty()) {
-        throw WrongUsage("the first line of the password file " + path +
-                         " is empty; it must be the password");
+        throw Refused("the first line of the password file " + path + " is empty; it must be the password");
     }
     return line;
 }
 
-/** The password from where nobody has to type it; false when there is no such place. */
-bool findPassword(const std::string& file, std::string& found)
+/** The password, where nobody has to type it. */
+std::optional<std::string> givenPassword(const std::string& file)
 {
-    if (!file.empty()) {
-        found = firstLine(file);
-        return true;
-    }
-    const char* const value = std::getenv("VELRZM_PASSWORD"); // NOLINT(concurrency-mt-unsafe): one thread
-    found = value == nullptr ? "" : value;
-    return value != nullptr;
+    return file.empty() ? environmentVariable(passwordVariable) : firstLine(file);
 }
 
 } // namespace
 
 std::string password(const std::string& user, const std::string& file)
 {
-    std::string found;
-    return findPassword(file, found) ? found : SilentTerminal().ask("Password of " + user + ": ");
+    const std::optional<std::string> given = givenPassword(file);
+    return given.has_value() ? *given : SilentTerminal().ask("Password of " + user + ": ");
 }
 
 std::string newPassword(const std::string& user, const std::string& file)
 {
-    std::string found;
-    if (findPassword(file, found)) {
-        return found;
+    if (const std::optional<std::string> given = givenPassword(file); given.has_value()) {
+        return *given;
     }
     const SilentTerminal terminal;
-    found = terminal.ask("New password of " + user + ": ");
-    if (terminal.ask("The same again: ") != found) {
-        throw WrongUsage("the two passwords are not the same; nothing was done");
+    std::string typed = terminal.ask("New password of " + user + ": ");
+    if (terminal.ask("The same again: ") != typed) {
+        throw WrongUsage("the two passwords differ; nothing was done");
     }
-    return found;
+    return typed;
 }
 
 } // namespace tools

@@ -5,20 +5,24 @@
 #include <cstddef>
 #include <iterator>
 
+#include <velrzm/errors.h>
 #include <velrzm/qv_sdk.h>
+#include <velrzm/result.h>
 
-#include "tools/process/failures.h"
 #include "tools/process/interruption.h"
+#include "tools/process/library_output.h"
 
 namespace tools {
 
 namespace {
 
-void check(int code, const std::string& what)
+/** The check after a call of the server, with the reports that the library makes after its own calls. */
+void check(int code, std::string function, std::string detail = {}, std::string value = {})
 {
-    if (code < 0) {
-        const char* const text = QV_Error_Size() > 0 ? QV_Error_MsgTxt(0) : "";
-        throw Refused(what + " was refused by the server (code " + std::to_string(code) + "): " + text);
+    std::string prefix = "velrzm";
+    QV_RC = code;
+    if (Process_QV_RC(prefix.data(), function.data(), detail.data(), value.data(), 1) != 0) {
+        throwServerFailure("the search");
     }
 }
 
@@ -27,12 +31,12 @@ class OpenList {
 public:
     explicit OpenList(const ServerList& list)
     {
-        check(QV_Create_List(&handle_, list.className), std::string("the search for a ") + list.className);
+        check(QV_Create_List(&handle_, list.className), "QV_Create_List", list.className);
         clauses("Select", list.select);
         clauses("Where", list.where);
         clauses("OrderBy", list.orderBy);
-        check(QV_Open_List(handle_), "the search");
-        check(QV_SizeOf_List(handle_, &size_), "the search");
+        check(QV_Open_List(handle_), "QV_Open_List");
+        check(QV_SizeOf_List(handle_, &size_), "QV_SizeOf_List");
     }
     ~OpenList() { QV_Destroy_List(&handle_); }
     OpenList(const OpenList&) = delete;
@@ -45,7 +49,7 @@ private:
     void clauses(const char* kind, const std::vector<std::string>& texts)
     {
         for (const std::string& text : texts) {
-            check(QV_Set_Clause(handle_, kind, text.c_str()), std::string(kind) + " " + text);
+            check(QV_Set_Clause(handle_, kind, text.c_str()), "QV_Set_Clause", kind, text);
         }
     }
 
@@ -58,7 +62,7 @@ class Record {
 public:
     Record(const OpenList& list, int index)
     {
-        check(QV_Read_List(list.handle(), index, &handle_), "reading a list");
+        check(QV_Read_List(list.handle(), index, &handle_), "QV_Read_List");
     }
     ~Record() { QV_Destroy_Object(&handle_); }
     Record(const Record&) = delete;
@@ -67,7 +71,7 @@ public:
     std::string value(const std::string& path) const
     {
         const char* text = nullptr;
-        check(QV_Get_Object_Attr(handle_, path.c_str(), &text), path);
+        check(QV_Get_Object_Attr(handle_, path.c_str(), &text), "QV_Get_Object_Attr", path);
         return text == nullptr ? "" : text;
     }
 
@@ -77,11 +81,19 @@ private:
 
 using Values = std::vector<std::string>::const_iterator;
 
-/** An OR has two sides, so that many values make a tree; a balanced one stays flat. */
+/** An apostrophe would end the text of the clause: a pattern has a place for any sign instead. */
+std::string clauseOf(const std::string& path, std::string value)
+{
+    const bool isPattern = value.find('\'') != std::string::npos;
+    std::replace(value.begin(), value.end(), '\'', '_');
+    return (isPattern ? "&LIKE(" : "&=(") + path + ",'" + value + "')";
+}
+
+/** An OR has two sides, so many values make a tree; a balanced one stays flat. */
 std::string clauseOf(const std::string& path, Values first, Values last)
 {
     if (last - first == 1) {
-        return "&=(" + path + ",'" + *first + "')";
+        return clauseOf(path, *first);
     }
     const auto middle = first + (last - first) / 2;
     return "&OR(" + clauseOf(path, first, middle) + "," + clauseOf(path, middle, last) + ")";

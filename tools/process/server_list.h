@@ -17,14 +17,14 @@ struct ServerList {
     std::vector<std::string> orderBy; // attributes
 };
 
-/** A row of values for each object, in the order of `select`. Throws Refused when the server says no. */
+/** A row of values for each object, in the order of `select`. Throws Failure when the server refuses. */
 std::vector<std::vector<std::string>> rowsOf(const ServerList& list);
 
-/** The clause that holds for objects whose attribute `path` has one of the values; there must be one. Many values at once cost
- * less than a list for each: `listsOf` cuts them into portions. */
+/** The clause for objects whose attribute `path` has one of the values; there must be one. Where a value has an
+ * apostrophe, it holds for a few more. */
 std::string isOneOf(const std::string& path, const std::vector<std::string>& values);
 
-/** Runs `list` with one more clause for each portion of `values` of the attribute `path`, and puts the rows together. */
+/** The rows of the objects of a list whose attribute `path` has one of the values, however many those are. */
 std::vector<std::vector<std::string>> rowsOfAny(ServerList list, const std::string& path,
                                                 const std::vector<std::string>& values);
 

@@ -8,8 +8,8 @@
 
 namespace tools {
 
-/** Connects as `user`, with the password in `passwordFile` or, when that is empty, the one that `password` finds; does nothing
- * when the program is connected already. Throws Refused when the server says no. */
+/** Connects as `user`, with the password in `passwordFile` or, when that is empty, the one that `password` finds;
+ * does nothing when the program is connected already. Throws Refused when the server refuses. */
 void connect(const std::string& user, const std::string& passwordFile);
 
 /** Ends the connection, if there is one, when this object goes. */

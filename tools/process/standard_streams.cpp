@@ -3,15 +3,14 @@
 
 #include <cerrno>
 #include <csignal>
-#include <cstring>
 #include <initializer_list>
 #include <string>
 
 #include <fcntl.h>
 #include <unistd.h>
 
-#include "tools/process/failures.h"
 #include "tools/process/interruption.h"
+#include "tools/process/visible_text.h"
 
 namespace tools {
 
@@ -53,31 +52,24 @@ int writeAll(int descriptor, std::string_view text)
 {
     while (!text.empty()) {
         const ssize_t written = write(descriptor, text.data(), text.size());
-        if (written < 0 && errno == EINTR) {
-            checkInterruption();
-        } else if (written < 0) {
-            return errno;
-        } else {
+        if (written >= 0) {
             text.remove_prefix(static_cast<std::size_t>(written));
+        } else if (errno != EINTR || isInterrupted()) {
+            return errno;
         }
     }
     return 0;
 }
 
-void writeResult(std::string_view text)
+bool standardErrorIsTerminal()
 {
-    const int reason = writeAll(resultFile, text);
-    if (reason == EPIPE) {
-        throw OutputClosed();
-    }
-    if (reason != 0) {
-        throw Refused(std::string("standard output cannot be written: ") + std::strerror(reason));
-    }
+    return isatty(STDERR_FILENO) == 1;
 }
 
 void writeNote(std::string_view text)
 {
-    static_cast<void>(writeAll(STDERR_FILENO, text));
+    const std::string note = standardErrorIsTerminal() ? visible(text) : std::string(text);
+    static_cast<void>(writeAll(STDERR_FILENO, note));
 }
 
 } // namespace tools

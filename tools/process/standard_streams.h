@@ -10,22 +10,20 @@
 
 namespace tools {
 
-/** Nobody reads the results any more, as after `velrzm ... | head`. */
-class OutputClosed {};
-
 /** Parts results and trace; called once, before anything is written. */
 void separateResults();
 
 /** The file descriptor of the results. */
 int resultDescriptor();
 
-/** Writes all of `text` to a descriptor; returns 0 or the reason why not. */
+/** Writes all of `text` as it is to a descriptor; returns 0 or the reason why not, EINTR when the program was asked to
+ * stop meanwhile. */
 int writeAll(int descriptor, std::string_view text);
 
-/** Writes `text` as it is to the results. Throws OutputClosed, or Refused when it cannot be written. */
-void writeResult(std::string_view text);
+/** Whether standard error is a terminal. */
+bool standardErrorIsTerminal();
 
-/** Writes `text` as it is to standard error; a failure is ignored. */
+/** Writes `text` to standard error, to a terminal as visible text; a failure is ignored. */
 void writeNote(std::string_view text);
 
 } // namespace tools

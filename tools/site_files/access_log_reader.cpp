@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/site_files/access_log_reader.h"
 
-#include <cerrno>
 #include <cstdlib>
-#include <cstring>
 #include <fstream>
 #include <optional>
 
 #include "tools/process/failures.h"
+#include "tools/process/files.h"
 
 namespace tools {
 
@@ -48,10 +47,7 @@ std::optional<std::string> messageIn(const std::string& text)
 
 std::vector<LoggedCall> readAccessLog(const std::string& path)
 {
-    std::ifstream file(path);
-    if (!file.is_open()) {
-        throw Refused(path + " cannot be read: " + std::strerror(errno));
-    }
+    std::ifstream file = openForReading(path);
     std::vector<LoggedCall> calls;
     bool isHeadSeen = false;
     int number = 0;
@@ -66,7 +62,8 @@ std::vector<LoggedCall> readAccessLog(const std::string& path)
     }
     if (!isHeadSeen) {
         throw Refused(
-            path + " is no access log: its head is missing; QVL_LOG_FILE names where a program writes one");
+            path +
+            " is not an access log: its head is missing; QVL_LOG_FILE names where a program writes one");
     }
     return calls;
 }

@@ -9,7 +9,7 @@
 
 namespace tools {
 
-/** A call of the server, as an access log tells it. */
+/** A call of the server, as an access log records it. */
 struct LoggedCall {
     int line; // of the log
     std::string operation;
@@ -19,8 +19,8 @@ struct LoggedCall {
     std::vector<std::string> messages; // of a failed call
 };
 
-/** The calls of an access log, in their order. Throws Refused when the file cannot be read or is no access
- * log. */
+/** The calls of an access log, in their order. Throws Refused when the file cannot be read or is not an
+ * access log. */
 std::vector<LoggedCall> readAccessLog(const std::string& path);
 
 } // namespace tools

@@ -4,11 +4,10 @@
 #include <velrzm/engineering_changes.h>
 #include <velrzm/items.h>
 #include <velrzm/product_structure.h>
-#include <velrzm/result.h>
 
 #include "tools/process/attribute_names.h"
-#include "tools/process/failures.h"
 #include "tools/process/interruption.h"
+#include "tools/process/library_output.h"
 
 namespace tools {
 
@@ -18,8 +17,7 @@ void require(int result, const std::string& what)
 {
     checkInterruption();
     if (result != 1) {
-        const char* const reason = QV_Error_Size() > 0 ? QV_Error_MsgTxt(0) : "for no reason that it gives";
-        throw Refused(what + " was refused by the server (code " + std::to_string(QV_RC) + "): " + reason);
+        throwServerFailure(what);
     }
 }
 
@@ -50,7 +48,7 @@ void StructureBuilder::changeItem(const NewItem& item, const std::string& change
     VELListValVELUnicodeString nothing;
     require(ItemSave(itsChange.data(), stored.number.data(), stored.name.data(), stored.type.data(), names,
                      values, nothing),
-            "the change of item " + stored.number);
+            "changing item " + stored.number);
 }
 
 void StructureBuilder::recordAffectedItem(const std::string& item, const std::string& action)
@@ -59,7 +57,7 @@ void StructureBuilder::recordAffectedItem(const std::string& item, const std::st
     std::string what = action;
     TextArray nothing({});
     require(AffectedItemCreate(change_.data(), number.data(), what.data(), nothing.data()),
-            "the affected item " + item);
+            "affected item " + item);
 }
 
 void StructureBuilder::removeComponent(const ComponentKey& line)
@@ -67,14 +65,15 @@ void StructureBuilder::removeComponent(const ComponentKey& line)
     ComponentKey removed = line;
     require(ComponentDelete(removed.identifier.data(), removed.change.data(), removed.parent.data(),
                             removed.component.data(), removed.sequence.data()),
-            "the removal of component " + line.component + " of " + line.parent);
+            "removing component " + line.component + " of " + line.parent);
 }
 
 void StructureBuilder::createHeader(const std::string& item)
 {
     std::string number = item;
     TextArray nothing({});
-    require(BomHeaderCreate(change_.data(), number.data(), nothing.data()), "the header of " + item);
+    require(BomHeaderCreate(change_.data(), number.data(), nothing.data()),
+            "bill-of-material header of " + item);
 }
 
 void StructureBuilder::addComponent(const std::string& parent, const std::string& component, int quantity)

@@ -4,6 +4,7 @@
 #ifndef VELRZM_TOOLS_STRUCTURE_BUILDER_H
 #define VELRZM_TOOLS_STRUCTURE_BUILDER_H
 
+#include <cstddef>
 #include <map>
 #include <string>
 #include <utility>
@@ -29,8 +30,7 @@ struct ComponentKey {
     std::string identifier;
 };
 
-/** Stores under one change. Numbers are stored in upper case, as the operations do. Every function throws
- * Refused when the server says no. */
+/** Stores under one change. Every function throws Failure when the server refuses. */
 class StructureBuilder {
 public:
     explicit StructureBuilder(std::string change) : change_(std::move(change)) {}
@@ -50,14 +50,14 @@ public:
     void continueAfter(const std::string& parent, int last) { lastSequence_[parent] = last; }
     void removeComponent(const ComponentKey& line);
 
-    int items() const { return items_; }
-    int lines() const { return lines_; }
+    std::size_t items() const { return items_; }
+    std::size_t lines() const { return lines_; }
 
 private:
     std::string change_;
     std::map<std::string, int> lastSequence_; // by parent
-    int items_ = 0;
-    int lines_ = 0;
+    std::size_t items_ = 0;
+    std::size_t lines_ = 0;
 };
 
 } // namespace tools

@@ -1,20 +1,20 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/structure/graph.h"
 
-#include <algorithm>
-#include <array>
 #include <cerrno>
+#include <chrono>
 #include <cstring>
 #include <map>
-#include <set>
-#include <utility>
+#include <optional>
+#include <vector>
 
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
+#include "tools/output/progress.h"
+#include "tools/output/text.h"
+#include "tools/process/child_process.h"
 #include "tools/process/failures.h"
+#include "tools/process/interruption.h"
 #include "tools/process/memory_file.h"
+#include "tools/structure/structure_tree.h"
 
 namespace tools {
 
@@ -50,127 +50,91 @@ std::string labelText(const std::string& text)
     return label;
 }
 
-/** Breaks a text at blanks into lines of a width that suits a node. */
-std::string wrapped(std::string text)
+std::string titleOf(const StructureItem& item)
 {
-    constexpr std::size_t width = 28;
-    std::size_t begin = 0;
-    for (std::size_t blank = text.find(' '); blank != std::string::npos; blank = text.find(' ', blank + 1)) {
-        const std::size_t next = std::min(text.find(' ', blank + 1), text.size());
-        if (next - begin > width) {
-            text[blank] = '\n';
-            begin = blank + 1;
-        }
-    }
-    return text;
+    constexpr std::size_t widest = 28; // what suits a node
+    const std::string& name = item.values.front();
+    return labelText(item.number + (name.empty() ? "" : "\n" + wrapped(name, widest)));
 }
 
-std::string titled(const std::string& item, const std::string& name)
+/** The places of the items in the order in which a tree shows them first, in which they are laid out best. */
+std::vector<std::size_t> orderOf(const ProductStructure& structure)
 {
-    return labelText(item + (name.empty() ? "" : "\n" + wrapped(name)));
+    std::vector<bool> isKnown(structure.items.size(), false);
+    std::vector<std::size_t> order;
+    for (const TreeRow& row : treeRows(structure, Repeated::Referred)) {
+        if (!isKnown[row.item]) {
+            isKnown[row.item] = true;
+            order.push_back(row.item);
+        }
+    }
+    return order;
 }
 
-/** The nodes of a structure with those of the same item taken together. */
-class Graph {
-public:
-    explicit Graph(const std::vector<StructureNode>& nodes)
-    {
-        for (const StructureNode& node : nodes) {
-            if (places_.emplace(node.item, items_.size()).second) {
-                items_.push_back(&node);
-            }
-            if (node.parent >= 0) {
-                const std::string& parent = nodes[static_cast<std::size_t>(node.parent)].item;
-                add({places_.at(parent), places_.at(node.item), node.quantity});
-            }
-        }
-    }
-
-    std::string text() const
-    {
-        const StructureNode& top = *items_.front();
-        std::string text = std::string("digraph bom {\n") + graphHead + "  label=\"Bill of material of " +
-                           labelText(top.item + (top.name.empty() ? "" : ", " + top.name)) + "\"\n";
-        for (std::size_t place = 0; place < items_.size(); ++place) {
-            text += "  n" + std::to_string(place) + " [label=\"" +
-                    titled(items_[place]->item, items_[place]->name) + "\"" + look(place) + "]\n";
-        }
-        for (const Edge& edge : edges_) {
-            text += "  n" + std::to_string(edge.parent) + " -> n" + std::to_string(edge.component) +
-                    " [label=\"" + std::to_string(edge.quantity) + "\"]\n";
-        }
-        return text + "}\n";
-    }
-
-private:
-    struct Edge {
-        std::size_t parent;
-        std::size_t component;
-        int quantity;
-    };
-
-    /** An assembly that occurs again brings the same edges along again. */
-    void add(const Edge& edge)
-    {
-        if (ends_.emplace(edge.parent, edge.component).second) {
-            edges_.push_back(edge);
-            assemblies_.insert(edge.parent);
-        }
-    }
-
-    const char* look(std::size_t place) const
-    {
-        return place == 0 ? topLook : assemblies_.count(place) > 0 ? assemblyLook : "";
-    }
-
-    std::vector<const StructureNode*> items_;   // the first node of each
-    std::map<std::string, std::size_t> places_; // of the items in items_
-    std::set<std::size_t> assemblies_;
-    std::vector<Edge> edges_;                            // those of a parent in the order of its lines
-    std::set<std::pair<std::size_t, std::size_t>> ends_; // of the edges
-};
-
-/** Runs a program between two files; its exit status, or an error of the system as a negative number. */
-int runProgram(std::string program, std::string argument, const MemoryFile& input, const MemoryFile& output)
+/** Tells how long it takes; an interruption ends it. */
+int waitForPicture(ChildProcess& dot)
 {
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_adddup2(&actions, input.descriptor(), STDIN_FILENO);
-    posix_spawn_file_actions_adddup2(&actions, output.descriptor(), STDOUT_FILENO);
-    std::array<char*, 3> arguments = {program.data(), argument.data(), nullptr};
-    pid_t process = -1;
-    const int failed = posix_spawnp(&process, program.c_str(), &actions, nullptr, arguments.data(), environ);
-    posix_spawn_file_actions_destroy(&actions);
-    if (failed != 0) {
-        return -failed;
+    constexpr std::chrono::milliseconds step(200);
+    ElapsedTime elapsed("drawing");
+    std::optional<int> status = dot.waitFor(step);
+    while (!status.has_value()) {
+        checkInterruption();
+        elapsed.show();
+        status = dot.waitFor(step);
     }
-    int status = 0;
-    while (waitpid(process, &status, 0) == -1 && errno == EINTR) {
-    }
-    return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+    checkInterruption(); // which has ended the program as well
+    return *status;
 }
 
 } // namespace
 
-std::string structureGraph(const std::vector<StructureNode>& nodes)
+std::string structureGraph(const ProductStructure& structure)
 {
-    return Graph(nodes).text();
+    const std::vector<std::size_t> order = orderOf(structure);
+    const StructureItem& top = structure.items.front();
+    const std::string& name = top.values.front();
+    std::string text = std::string("digraph bom {\n") + graphHead + "  label=\"Bill of material of " +
+                       labelText(top.number + (name.empty() ? "" : ", " + name)) + "\"\n";
+    for (const std::size_t place : order) {
+        const StructureItem& item = structure.items[place];
+        const char* const look = place == 0 ? topLook : item.parts.empty() ? "" : assemblyLook;
+        text += "  n" + std::to_string(place) + " [label=\"" + titleOf(item) + "\"" + look + "]\n";
+    }
+    for (const std::size_t place : order) {
+        for (const StructurePart& part : structure.items[place].parts) {
+            text += "  n" + std::to_string(place) + " -> n" + std::to_string(part.item) + " [label=\"" +
+                    std::to_string(part.quantity) + "\"]\n";
+        }
+    }
+    return text + "}\n";
+}
+
+void requireDrawable(const ProductStructure& structure)
+{
+    constexpr std::size_t most = 500;
+    if (structure.items.size() > most) {
+        throw Refused("a picture of " + counted(structure.items.size(), "item") +
+                      " takes long to draw, more than " + std::to_string(most) +
+                      " are drawn with --force only; --level limits the number of levels");
+    }
 }
 
 std::string drawnGraph(const std::string& graph)
 {
     const MemoryFile input(graph);
     const MemoryFile picture;
-    const int status = runProgram("dot", "-Tsvg", input, picture);
-    if (status == -ENOENT) {
+    ChildProcess dot({"dot", "-Tsvg"}, input.descriptor(), picture.descriptor());
+    if (dot.startError() == ENOENT) {
         throw Refused(
             "the program \"dot\" draws pictures, and it is not installed; install Graphviz (on Debian: "
             "apt install graphviz), or take --format dot and draw that elsewhere");
     }
+    if (dot.startError() != 0) {
+        throw Refused(std::string("\"dot\" could not be started: ") + std::strerror(dot.startError()));
+    }
+    const int status = waitForPicture(dot);
     if (status != 0) {
-        throw Refused(
-            std::string("\"dot\" drew no picture: ") +
-            (status < 0 ? std::strerror(-status) : "it ended with status " + std::to_string(status)));
+        throw Refused("\"dot\" drew no picture: it ended with status " + std::to_string(status));
     }
     return picture.text();
 }

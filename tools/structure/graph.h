@@ -3,15 +3,17 @@
 #define VELRZM_TOOLS_STRUCTURE_GRAPH_H
 
 #include <string>
-#include <vector>
 
-#include "tools/structure/structure.h"
+#include "tools/structure/product_structure.h"
 
 namespace tools {
 
-/** A structure in the language of Graphviz: a node for each item, wherever it occurs, and an edge for each
- * parent and component, with the number of occurrences. */
-std::string structureGraph(const std::vector<StructureNode>& nodes);
+/** A structure in the language of Graphviz: a node for each item, and an edge for each parent and component, with
+ * the number of lines. The items have their names as first values. */
+std::string structureGraph(const ProductStructure& structure);
+
+/** Throws Refused when a picture of the structure would take more than a few seconds to draw. */
+void requireDrawable(const ProductStructure& structure);
 
 /** A graph as a picture. Throws Refused when Graphviz is not installed or draws nothing. */
 std::string drawnGraph(const std::string& graph);
