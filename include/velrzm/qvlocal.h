@@ -103,6 +103,19 @@ VELRZM_API std::vector<std::string> listUsers(const std::string& location);
  */
 VELRZM_API bool isAttributePath(const std::string& path);
 
+/** An attribute by its path. */
+struct AttributeName {
+    std::string path; // "name", or "ai_obj@item_status" of a related object
+    bool isRelated;   // whether it is that of a related object
+};
+
+/**
+ * The attributes that objects of a class may have a value of: those of the class and of the classes that it is related
+ * to, and those that a site added, as long as a stored object of these classes has a value of them.
+ */
+VELRZM_API std::vector<AttributeName> attributeNames(const std::string& location,
+                                                     const std::string& className);
+
 /**
  * Loads the options of products from a CSV file with the columns "product", "feature" and "variant". Such a
  * file:

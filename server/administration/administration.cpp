@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <algorithm>
+
 #include <velrzm/qvlocal.h>
 
 #include "server/administration/backup.h"
@@ -36,6 +38,32 @@ void checkUserName(const std::string& user)
     if (user.empty() || user.size() > maxLength || user.find('\0') != std::string::npos) {
         fail(Failure::UserAdministration, "the user name ", inQuotes(user),
              " cannot be used; it must have 1 to ", maxLength, " characters and no NUL");
+    }
+}
+
+/** Appends the attributes of a class, and of those that it is related to, to `names`; `relations` leads to the class. */
+void addAttributeNames(Store& store, const qvserver::Class& objectClass, const std::string& relations,
+                       std::vector<AttributeName>& names)
+{
+    const auto add = [&](std::string_view path) {
+        const std::string whole = relations + std::string(path);
+        const bool isKnown = std::any_of(names.begin(), names.end(), [&whole](const AttributeName& name) {
+            return name.path == whole; // of the class itself, though it begins like a relation
+        });
+        if (!isKnown) {
+            names.push_back({whole, !relations.empty()});
+        }
+    };
+    for (const qvserver::Attribute& attribute : objectClass.attributes) {
+        add(attribute.path);
+    }
+    const std::vector<std::string> added = store.addedPaths(objectClass);
+    std::for_each(added.begin(), added.end(), add);
+    add(qvserver::updateCountPath);
+    add(qvserver::objectIdPath);
+    for (const qvserver::Relation& relation : objectClass.relations) {
+        addAttributeNames(store, qvserver::classNamed(relation.target),
+                          relations + std::string(relation.name) + '@', names);
     }
 }
 
@@ -144,6 +172,17 @@ std::vector<std::string> listUsers(const std::string& location)
 bool isAttributePath(const std::string& path)
 {
     return qvserver::isPath(path);
+}
+
+std::vector<AttributeName> attributeNames(const std::string& location, const std::string& className)
+{
+    return reported([&] {
+        const auto store = qvserver::openStoreFile(location);
+        const Transaction sameState(*store, Access::Read);
+        std::vector<AttributeName> names;
+        addAttributeNames(*store, qvserver::classNamed(className), "", names);
+        return names;
+    });
 }
 
 std::size_t loadProductOptions(const std::string& location, const std::string& file)

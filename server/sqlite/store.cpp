@@ -293,6 +293,18 @@ std::int64_t SqliteStore::count(const Class& objectClass)
     return counted->integer(0);
 }
 
+std::vector<std::string> SqliteStore::addedPaths(const Class& objectClass)
+{
+    auto found =
+        database_.use("SELECT DISTINCT added.name FROM " + sqlName(objectClass.name) +
+                      " JOIN attribute AS added ON object = db_object_id WHERE value <> '' ORDER BY 1");
+    std::vector<std::string> paths;
+    while (found->step()) {
+        paths.emplace_back(found->text(0));
+    }
+    return paths;
+}
+
 std::string SqliteStore::engine() const
 {
     return std::string("SQLite ") + sqlite3_libversion();

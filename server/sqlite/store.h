@@ -42,6 +42,7 @@ public:
     std::vector<Match> selectForEach(const Query& query, std::string_view path,
                                      const std::vector<std::string_view>& values, Rows& rows) override;
     std::int64_t count(const Class& objectClass) override;
+    std::vector<std::string> addedPaths(const Class& objectClass) override;
 
     std::string engine() const override;
     bool isReadOnly() const noexcept override { return database_.isReadOnly(); }

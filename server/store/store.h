@@ -73,6 +73,8 @@ public:
                                              const std::vector<std::string_view>& values, Rows& rows) = 0;
     /** How many objects of a class are stored. */
     virtual std::int64_t count(const Class& objectClass) = 0;
+    /** The paths beside those of the class of which an object has a value that is not empty. */
+    virtual std::vector<std::string> addedPaths(const Class& objectClass) = 0;
 
     /** The database below, and its version. */
     virtual std::string engine() const = 0;

@@ -28,14 +28,6 @@ WrongUsage misused(const CLI::App& command, const std::string& text)
     return complaint(command, text + "\nUsage: " + usageOf(command));
 }
 
-std::string didYouMean(std::vector<std::string> names)
-{
-    constexpr std::size_t enough = 4;
-    names.resize(std::min(names.size(), enough));
-    std::transform(names.begin(), names.end(), names.begin(), quoted);
-    return names.empty() ? "" : "; did you mean " + joined(names, " or ") + "?";
-}
-
 std::vector<std::string> namesBelow(const CLI::App& command)
 {
     std::vector<std::string> names;

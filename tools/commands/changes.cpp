@@ -57,8 +57,9 @@ CommandGroup changeCommands()
               "Show a stored engineering change",
               "velrzm ec open EC-100 --select desc,status",
               {changeOrId, {"--id ID", "Database identifier, instead of the number"}},
-              {"id", "desc", "status", "chg_control_code", "initiator@person_identifier", "update_count",
-               "db_object_id"},
+              {"EngineeringChange",
+               {"id", "desc", "status", "chg_control_code", "initiator@person_identifier", "update_count",
+                "db_object_id"}},
               [](Call& call) {
                   return call.object(
                       EngineeringChangeOpen(call.text("--id"), call.text("change"), call.selectedArray()));
@@ -67,25 +68,27 @@ CommandGroup changeCommands()
 
 CommandGroup affectedItemCommands()
 {
-    return {
-        "affected",
-        "Record and list the items that an engineering change affects\n\n"
-        "An affected item says what a change does to an item: the change action, such as CHG or REL.",
-        {{"create",
-          "Record that an engineering change acts on an item",
-          "velrzm affected create EC-100 A-100 --action REL",
-          {changeNumber, parameters::item, {"--action CODE", "Change action; CHG when it is not given"}},
-          {"ec@id", "item_number", "change_action@curr_key", "item_status", "pln_rev_level", "db_object_id"},
-          [](Call& call) {
-              return call.object(AffectedItemCreate(call.text("change"), call.text("item"),
-                                                    call.text("--action"), call.selectedArray()));
-          }},
-         {"list",
-          "List the items that an engineering change affects",
-          "velrzm affected list EC-100",
-          {changeOrId, {"--id ID", "Database identifier of the change, instead of its number"}},
-          {"item_number", "change_action@curr_key", "item_status", "pln_rev_level", "db_object_id"},
-          listAffectedItems}}};
+    return {"affected",
+            "Record and list the items that an engineering change affects\n\n"
+            "An affected item says what a change does to an item: the change action, such as CHG or REL.",
+            {{"create",
+              "Record that an engineering change acts on an item",
+              "velrzm affected create EC-100 A-100 --action REL",
+              {changeNumber, parameters::item, {"--action CODE", "Change action; CHG when it is not given"}},
+              {"AffectedItem",
+               {"ec@id", "item_number", "change_action@curr_key", "item_status", "pln_rev_level",
+                "db_object_id"}},
+              [](Call& call) {
+                  return call.object(AffectedItemCreate(call.text("change"), call.text("item"),
+                                                        call.text("--action"), call.selectedArray()));
+              }},
+             {"list",
+              "List the items that an engineering change affects",
+              "velrzm affected list EC-100",
+              {changeOrId, {"--id ID", "Database identifier of the change, instead of its number"}},
+              {"AffectedItem",
+               {"item_number", "change_action@curr_key", "item_status", "pln_rev_level", "db_object_id"}},
+              listAffectedItems}}};
 }
 
 } // namespace tools

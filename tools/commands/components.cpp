@@ -19,8 +19,9 @@ constexpr Parameter sequence = {"sequence", "Number of the line on the parent", 
                                 Parameter::Takes::WholeNumber};
 constexpr Parameter storedIdentifier = {"identifier", "Database identifier", Need::Required};
 
-const std::vector<std::string> lineAttributes = {"logical_key@item_number", "logical_key@comp_item_number",
-                                                 "logical_key@comp_seq_nm", "il_ec_number", "db_object_id"};
+const ShownAttributes lineAttributes = {"Component",
+                                        {"logical_key@item_number", "logical_key@comp_item_number",
+                                         "logical_key@comp_seq_nm", "il_ec_number", "db_object_id"}};
 
 } // namespace
 
@@ -74,8 +75,9 @@ CommandGroup componentReferenceCommands()
               "Store the cross-reference of a component line",
               "velrzm component-ref save A-100 B-200 10 4711 --ec EC-100",
               {parent, component, sequence, {"reference", "The cross-reference", Need::Required}, change},
-              {"logical_key@item_number", "logical_key@comp_item_number", "logical_key@comp_seq_nm",
-               "comp_ref_xref", "db_object_id"},
+              {"ComponentReference",
+               {"logical_key@item_number", "logical_key@comp_item_number", "logical_key@comp_seq_nm",
+                "comp_ref_xref", "db_object_id"}},
               [](Call& call) {
                   const int result = ComponentReferenceSave(call.text("--ec"), call.text("parent"),
                                                             call.text("component"), call.text("sequence"),
@@ -107,8 +109,9 @@ CommandGroup itemReferenceCommands()
            {"revision", "Revision of the document", Need::Required},
            {"reference", "Identifier of the document in the calling system", Need::Required},
            change},
-          {"logical_key@item_number", "logical_key@reference_id", "reference_level", "item_ref_xref",
-           "db_object_id"},
+          {"ItemReference",
+           {"logical_key@item_number", "logical_key@reference_id", "reference_level", "item_ref_xref",
+            "db_object_id"}},
           [](Call& call) {
               return call.object(ItemReferenceCreate(call.text("--ec"), call.text("item"),
                                                      call.text("document"), call.text("revision"),

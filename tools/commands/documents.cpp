@@ -18,8 +18,9 @@ constexpr Parameter revision = {"revision", "Revision number", Need::Required};
 constexpr Parameter title = {"--title TEXT", "Title of the document"};
 constexpr Parameter partner = {"--reference ID", "Identifier of the document in the calling system"};
 
-const std::vector<std::string> documentAttributes = {"doc_revision@doc_number", "doc_revision@doc_rev_num",
-                                                     "doc_ver_num", "doc_revision@doc_title", "db_object_id"};
+const ShownAttributes documentAttributes = {"DocVersion",
+                                            {"doc_revision@doc_number", "doc_revision@doc_rev_num",
+                                             "doc_ver_num", "doc_revision@doc_title", "db_object_id"}};
 
 /** Check-out, check-in and cancelling take the same and differ in the operation alone. */
 OperationCommand vaultCommand(const char* name, const char* description, const char* example,

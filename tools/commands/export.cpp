@@ -8,6 +8,7 @@
 
 #include "tools/command_line/command_line.h"
 #include "tools/command_line/command_tree.h"
+#include "tools/commands/attribute_check.h"
 #include "tools/output/format.h"
 #include "tools/output/records.h"
 #include "tools/parts_list/columns.h"
@@ -62,6 +63,7 @@ void exportPartsList(const ExportOptions& options, const Settings& settings)
         fields.insert(fields.end(), item.values.begin(), item.values.end());
     }
     writeRecords(records, Shape::List, Format::Csv);
+    warnOfUnknownAttributes("ItemEngineeringData", options.attributes, records);
 }
 
 } // namespace

@@ -1,9 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 //
 // Items.
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+
 #include <velrzm/items.h>
 
+#include "tools/commands/attribute_check.h"
 #include "tools/commands/operation_command.h"
+#include "tools/process/failures.h"
 
 namespace tools {
 
@@ -11,19 +17,51 @@ namespace {
 
 using Need = Parameter::Need;
 
-const std::vector<std::string> itemAttributes = {"logical_key@item_number",
-                                                 "il_ec_number",
-                                                 "name",
-                                                 "item_type",
-                                                 "description",
-                                                 "update_count",
-                                                 "db_object_id"};
+constexpr const char* itemClass = "ItemEngineeringData";
+
+const ShownAttributes itemAttributes = {itemClass,
+                                        {"logical_key@item_number", "il_ec_number", "name", "item_type",
+                                         "description", "update_count", "db_object_id"}};
 
 Outcome createItem(Call& call)
 {
     return call.object(ItemCreate(call.text("--ec"), call.text("item"), call.text("--name"),
                                   call.text("--type"), call.inputNames(), call.inputValues(),
                                   call.selectedList()));
+}
+
+/** The attributes that have a value, of all that there are. */
+Outcome openWhole(Call& call)
+{
+    if (call.has("--select")) {
+        throw WrongUsage("item open: --all shows every attribute, so --select has nothing to choose");
+    }
+    constexpr std::ptrdiff_t portion = 50; // as many as an operation reads back
+    const std::vector<std::string> names = attributesOf(itemClass);
+    Outcome whole{{{}, {{}}}, Shape::Object};
+    for (auto first = names.begin(); first != names.end();) {
+        const auto end = first + std::min(portion, names.end() - first);
+        const std::vector<std::string> some(first, end);
+        VELListValVELUnicodeString list = textList(some);
+        call.nothing(ItemOpen(call.text("item"), call.text("--ec"), list));
+        for (const std::string& name : some) {
+            std::string value = currentValue(0, name);
+            if (!value.empty()) {
+                whole.records.columns.push_back(name);
+                whole.records.rows.front().push_back(std::move(value));
+            }
+        }
+        first = end;
+    }
+    return whole;
+}
+
+Outcome openItem(Call& call)
+{
+    if (call.has("--all")) {
+        return openWhole(call);
+    }
+    return call.object(ItemOpen(call.text("item"), call.text("--ec"), call.selectedList()));
 }
 
 /** ItemSave always sets the name; without a new one the item keeps its own. */
@@ -90,11 +128,12 @@ CommandGroup itemCommands()
          {"open",
           "Show a stored item",
           "velrzm item open A-100 --ec EC-100 --select name,mass_g",
-          {item, change},
+          {item,
+           change,
+           {"--all", "Show every attribute that the item has a value of", Need::Optional,
+            Parameter::Takes::Nothing}},
           itemAttributes,
-          [](Call& call) {
-              return call.object(ItemOpen(call.text("item"), call.text("--ec"), call.selectedList()));
-          }},
+          openItem},
          {"query",
           "Search items\n\n"
           "Without --in-development an item is found once for each engineering change that affects it. "
@@ -115,7 +154,7 @@ CommandGroup itemCommands()
             Parameter::Takes::Nothing},
            {"--in-development", "Search items in development, whether a change affects them or not",
             Need::Optional, Parameter::Takes::Nothing}},
-          {"logical_key@item_number", "name", "item_type", "description", "il_ec_number"},
+          {itemClass, {"logical_key@item_number", "name", "item_type", "description", "il_ec_number"}},
           queryItems},
          {"header",
           "Store a new item header and, with --ec, release it under that change",
@@ -136,7 +175,7 @@ CommandGroup itemCommands()
            {"unit", "First unit of the product", Need::Required},
            change,
            set},
-          {"item_number", "ecid", "prod_id", "cut_in_unit", "db_object_id"},
+          {"ItemProductUnitEffectivity", {"item_number", "ecid", "prod_id", "cut_in_unit", "db_object_id"}},
           [](Call& call) {
               return call.object(ItemPUEffectivityCreate(
                   call.text("--ec"), call.text("item"), call.text("product"), call.text("unit"),
@@ -149,7 +188,7 @@ CommandGroup itemCommands()
            {"identifier", "Identifier to store; without it the stored one is shown"},
            change,
            identifier},
-          {"logical_key@item_number", "il_ec_number", "alias_xref", "db_object_id"},
+          {"ItemAssociationData", {"logical_key@item_number", "il_ec_number", "alias_xref", "db_object_id"}},
           linkItem}}};
 }
 

@@ -10,6 +10,7 @@
 #include <velrzm/result.h>
 
 #include "tools/command_line/command_tree.h"
+#include "tools/commands/attribute_check.h"
 #include "tools/output/text.h"
 #include "tools/process/failures.h"
 #include "tools/process/library_output.h"
@@ -81,13 +82,14 @@ void addSelection(CLI::App& command, const std::vector<std::string>& shown)
 
 void runCommand(const OperationCommand& operation, const CLI::App& command, const Settings& settings)
 {
-    Call call(command, operation.shown);
+    Call call(command, operation.shown.names);
     connect(settings.user, settings.passwordFile);
     const Outcome outcome = operation.run(call);
     if (outcome.records.columns.empty()) {
         return;
     }
     writeOutcome(outcome, settings.format);
+    warnOfUnknownAttributes(operation.shown.className, values(command, selectOption), outcome.records);
     if (outcome.records.rows.empty() && outcome.noRecords.empty()) {
         throwFailure(command);
     }
@@ -102,8 +104,8 @@ void addOperation(CommandLine& line, CLI::App& group, const OperationCommand& op
     for (const Parameter& parameter : operation.parameters) {
         addParameter(**command, parameter);
     }
-    if (!operation.shown.empty()) {
-        addSelection(**command, operation.shown);
+    if (!operation.shown.names.empty()) {
+        addSelection(**command, operation.shown.names);
     }
     if (!operation.furtherFormats.empty()) {
         line.addFormats(**command, operation.furtherFormats);

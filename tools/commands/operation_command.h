@@ -76,14 +76,20 @@ private:
     VELListValVELUnicodeString inputValues_;
 };
 
+/** What a command shows: attributes of the objects of a class. */
+struct ShownAttributes {
+    const char* className = "";
+    std::vector<std::string> names = {};
+};
+
 /** An entry of the table of commands. */
 struct OperationCommand {
     const char* name; // "open"
     const char* description;
     const char* example;
     std::vector<Parameter> parameters;
-    /** The attributes that are shown unless --select names others; without any, --select is not offered. */
-    std::vector<std::string> shown;
+    /** What is shown unless --select names other attributes; without any, --select is not offered. */
+    ShownAttributes shown;
     std::function<Outcome(Call&)> run;
     /** Forms of the results that this command has beyond those of all commands. */
     NamedFormats furtherFormats = {};

@@ -109,7 +109,7 @@ CommandGroup structureCommands()
           "Make sure that an item has a bill-of-material header",
           "velrzm bom header A-100 --ec EC-100",
           {parameters::item, parameters::change},
-          {"db_object_id"},
+          {"BomHeader", {"db_object_id"}},
           [](Call& call) {
               return call.object(BomHeaderCreate(call.text("--ec"), call.text("item"), call.selectedArray()));
           }},
@@ -117,7 +117,7 @@ CommandGroup structureCommands()
           "List all lines of a bill of material, depth first",
           "velrzm bom explode A-100 --level 2 --format csv",
           {parameters::item, lineChange, levels},
-          {"level", "item_number", "comp_item_number", "comp_seq_nm", "comp_item@name"},
+          {"Component", {"level", "item_number", "comp_item_number", "comp_seq_nm", "comp_item@name"}},
           explodeStructure},
          {"tree",
           "Draw a bill of material as a tree or as a graph of its items\n\n"

@@ -106,4 +106,12 @@ std::vector<std::string> nearest(const std::string& word, const std::vector<std:
     return found;
 }
 
+std::string didYouMean(std::vector<std::string> near)
+{
+    constexpr std::size_t enough = 4;
+    near.resize(std::min(near.size(), enough));
+    std::transform(near.begin(), near.end(), near.begin(), quoted);
+    return near.empty() ? "" : "; did you mean " + joined(near, " or ") + "?";
+}
+
 } // namespace tools

@@ -45,6 +45,9 @@ std::string wrapped(const std::string& text, std::size_t width, std::size_t begi
 /** Which of the words was probably meant: those that differ least from `word`, if they hardly do. */
 std::vector<std::string> nearest(const std::string& word, const std::vector<std::string>& words);
 
+/** The question for such words, as the end of a message; "" when there are none. */
+std::string didYouMean(std::vector<std::string> near);
+
 } // namespace tools
 
 #endif

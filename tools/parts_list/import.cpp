@@ -173,10 +173,9 @@ void Import::complainOfUnknownParent(std::size_t place)
         others.erase(others.begin() + static_cast<std::ptrdiff_t>(place));
         near = nearest(number, others);
     }
-    list_.complaints.push_back(
-        {lineOf(place), "there is no parent " + number + ", neither in the list nor in the store" +
-                            (near.empty() ? "" : "; did you mean " + joined(near, " or ") + "?") +
-                            " (--create-parents makes it)"});
+    list_.complaints.push_back({lineOf(place), "there is no parent " + number +
+                                                   ", neither in the list nor in the store" +
+                                                   didYouMean(near) + " (--create-parents makes it)"});
 }
 
 std::size_t Import::lineOf(std::size_t place) const

@@ -6,6 +6,8 @@
 #include <velrzm/qv_sdk.h>
 #include <velrzm/qvlocal.h>
 
+#include "tools/process/environment.h"
+
 namespace tools {
 
 namespace {
@@ -25,6 +27,11 @@ bool localServerServes()
     const void* const administration = reinterpret_cast<const void*>(&qvlocal::currentStore);
     const void* const server = libraryOf(dlsym(RTLD_DEFAULT, "QV_Logon"));
     return server != nullptr && server == libraryOf(administration);
+}
+
+bool storeIsInMemory()
+{
+    return environmentText("QV_STORE") == "sqlite::memory:";
 }
 
 } // namespace tools

@@ -3,23 +3,13 @@
 
 #include <velrzm/connection.h>
 
-#include "tools/process/environment.h"
 #include "tools/process/failures.h"
 #include "tools/process/library_output.h"
+#include "tools/process/local_server.h"
 #include "tools/process/log_places.h"
 #include "tools/process/password.h"
 
 namespace tools {
-
-namespace {
-
-/** An in-memory store takes any user and any password. */
-bool needsPassword()
-{
-    return environmentText("QV_STORE") != "sqlite::memory:";
-}
-
-} // namespace
 
 void connect(const std::string& user, const std::string& passwordFile)
 {
@@ -29,7 +19,7 @@ void connect(const std::string& user, const std::string& passwordFile)
     if (user.empty()) {
         throw WrongUsage("no user to log on; name one with --user");
     }
-    const std::string secret = needsPassword() ? password(user, passwordFile) : "";
+    const std::string secret = storeIsInMemory() ? "" : password(user, passwordFile);
     putLogsIntoStateDirectory();
     if (QvConnect(user.c_str(), secret.c_str()) != 1) {
         throwServerFailure("no connection as user " + user);

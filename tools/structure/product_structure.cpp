@@ -64,6 +64,9 @@ public:
             readLevel(first, end);
             first = end;
         }
+        if (structure_.items.size() == 1 && !request_.change.empty()) {
+            requireChange();
+        }
         structure_.levels = request_.levels;
         return std::move(structure_);
     }
@@ -114,6 +117,14 @@ private:
             list.where.push_back(isOneOf("il_ec_number", {request_.change}));
         }
         return list;
+    }
+
+    /** A misspelt change has no lines either. */
+    void requireChange() const
+    {
+        if (rowsOf({"EngineeringChange", {"id"}, {isOneOf("id", {request_.change})}, {}}).empty()) {
+            throw NothingFound("there is no change " + request_.change);
+        }
     }
 
     /** For an item without lines, whose values no line tells. */
