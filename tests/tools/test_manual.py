@@ -39,6 +39,6 @@ class Manual(CommandTest):
             self.assertRegex(shown[page.name], r"SYNOPSIS velrzm .*DESCRIPTION .*OPTIONS .*EXIT STATUS .*"
                                                r"ENVIRONMENT .*EXAMPLES .*SEE ALSO ")
         for text in ("velrzm-item - Create, change, show and search items",
-                     "velrzm item open [--ec CHANGE] [--select NAME,...]... ITEM",
+                     "velrzm item open [--ec CHANGE] [--all] [--select NAME,...]... ITEM",
                      "--name Bracket --type PART --set mass_g=120"):
             self.assertIn(text, shown["velrzm-item.1"])

@@ -93,7 +93,9 @@ std::string hints(const CLI::App& command)
     if (program != &command) {
         std::vector<std::string> shared;
         for (const CLI::Option* const option : allOptionsOf(command)) {
-            if (command.get_option_no_throw(option->get_name()) != option && takesValue(*option)) {
+            const bool isAnsweredAtOnce =
+                option == program->get_help_ptr() || option == program->get_version_ptr();
+            if (command.get_option_no_throw(option->get_name()) != option && !isAnsweredAtOnce) {
                 shared.push_back(option->get_name());
             }
         }

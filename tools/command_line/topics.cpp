@@ -14,17 +14,17 @@ const std::vector<Topic>& environmentVariables()
                  "which none is given."},
         {"QVL_TRACE_LEVEL", "Trace level of the library; --trace takes its place."},
         {"QVL_LOG_FILE", "Access log to which every call of the server is added. Unset: none is kept."},
-        {"QVL_LOG_ERROR, QVL_LAST_ERROR",
-         "Files for all errors and for the last one. Unset: files of these names in the user's state "
-         "directory, ~/.local/state/velrzm."},
+        {"QVL_LOG_ERROR", "File for all errors. Unset: QVL_LOG_ERROR in the user's state directory, "
+                          "~/.local/state/velrzm."},
+        {"QVL_LAST_ERROR", "File for the last error. Unset: QVL_LAST_ERROR in the same directory."},
         {"RZM_DEFAULT_DIRECTORY", "Directory of the shared defaults file. Unset: the working directory."},
         {"QV_MULTI_SAVE",
          "0 or OFF: programs that use the library save each object at once. \"velrzm import\" and \"velrzm "
          "batch --multi-save\" store everything or nothing in any case."},
         {"QVL_BOM_HEADER_CREATE", "YES: \"velrzm item create\" makes a bill-of-material header as well."},
         {"PAGER", "Pager for results that are longer than the terminal; empty or cat: none. Unset: less. "
-                  "Where LESS is "
-                  "unset, it is set to FRX."},
+                  "Where "
+                  "LESS is unset, it is set to FRX."},
         {"NO_COLOR", "When set, nothing is coloured."},
     };
     return topics;

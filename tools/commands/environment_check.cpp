@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/commands/environment_check.h"
 
+#include <algorithm>
+#include <array>
 #include <filesystem>
 #include <optional>
+#include <string_view>
 #include <system_error>
 
+#include "tools/command_line/topics.h"
 #include "tools/output/text.h"
 #include "tools/process/environment.h"
 
@@ -14,11 +18,6 @@ namespace {
 
 /** What is wrong with a value that is not empty; "" for nothing. */
 using Problem = std::string (*)(const std::string& value);
-
-std::string anyValue(const std::string& /*value*/)
-{
-    return "";
-}
 
 std::string notANumber(const std::string& value)
 {
@@ -45,37 +44,30 @@ std::string notASwitchForHeaders(const std::string& value)
     return isKnown ? "" : "is not YES, so no header is made";
 }
 
-struct Variable {
-    const char* name;
-    const char* whenUnset;
+struct Check {
+    std::string_view variable;
     Problem problem;
 };
 
-constexpr Variable variables[] = {
-    {"QVL_TRACE_LEVEL", "the trace level is 0", notANumber},
-    {"QVL_LOG_FILE", "no access log is written", anyValue},
-    {"QVL_LOG_ERROR", "the command writes the error log into the state directory", anyValue},
-    {"QVL_LAST_ERROR", "the command writes the last-error file into the state directory", anyValue},
-    {"RZM_DEFAULT_DIRECTORY", "the shared defaults file is looked for in the working directory",
-     notADirectory},
-    {"QV_MULTI_SAVE", "multi-save is on", notASwitchForMultiSave},
-    {"QVL_BOM_HEADER_CREATE", "no header is made with an item", notASwitchForHeaders},
-    {"USER", "--user names the user", anyValue},
-    {passwordVariable, "the command asks for the password", anyValue},
-    {"PAGER", "long results on a terminal go through less", anyValue},
-    {"NO_COLOR", "a terminal is shown colours", anyValue},
-    {"QV_STORE", "the store is the user's own", anyValue},
+/** The variables that take some values only. */
+constexpr std::array checks = {
+    Check{"QVL_TRACE_LEVEL", notANumber},
+    Check{"RZM_DEFAULT_DIRECTORY", notADirectory},
+    Check{"QV_MULTI_SAVE", notASwitchForMultiSave},
+    Check{"QVL_BOM_HEADER_CREATE", notASwitchForHeaders},
 };
 
-VariableFinding look(const Variable& variable)
+VariableFinding look(const std::string& name)
 {
-    const std::optional<std::string> value = environmentVariable(variable.name);
+    const std::optional<std::string> value = environmentVariable(name.c_str());
     if (!value.has_value()) {
-        return {variable.name, std::string("not set: ") + variable.whenUnset, false};
+        return {name, "not set", false};
     }
-    const std::string shown = variable.name == std::string(passwordVariable) ? "set" : quoted(*value);
-    const std::string problem = value->empty() ? "" : variable.problem(*value);
-    return {variable.name, shown + (problem.empty() ? "" : " ") + problem, !problem.empty()};
+    const auto* const check = std::find_if(checks.begin(), checks.end(),
+                                           [&name](const Check& each) { return each.variable == name; });
+    const std::string problem = value->empty() || check == checks.end() ? "" : check->problem(*value);
+    const std::string shown = name == passwordVariable ? "set" : quoted(*value);
+    return {name, shown + (problem.empty() ? "" : " ") + problem, !problem.empty()};
 }
 
 } // namespace
@@ -83,8 +75,8 @@ VariableFinding look(const Variable& variable)
 std::vector<VariableFinding> checkEnvironment()
 {
     std::vector<VariableFinding> findings;
-    for (const Variable& variable : variables) {
-        findings.push_back(look(variable));
+    for (const Topic& variable : environmentVariables()) {
+        findings.push_back(look(variable.name));
     }
     return findings;
 }

@@ -12,6 +12,7 @@
 
 #include "tools/process/environment.h"
 #include "tools/process/standard_streams.h"
+#include "tools/process/visible_text.h"
 
 namespace tools {
 
@@ -46,20 +47,11 @@ bool setTextLocale()
     return false;
 }
 
-struct Character {
-    std::size_t size;  // in bytes
-    std::size_t width; // in columns
-};
-
-Character firstCharacter(std::string_view text)
+/** In columns. */
+std::size_t widthOf(const Character& character)
 {
-    wchar_t character = 0;
-    std::mbstate_t state = {};
-    const std::size_t size = std::mbrtowc(&character, text.data(), text.size(), &state);
-    if (size == 0 || size > text.size()) { // a NUL, or no character at all
-        return {1, 1};
-    }
-    return {size, static_cast<std::size_t>(std::max(wcwidth(character), 0))};
+    const bool isShown = character.isValid && character.code != 0;
+    return isShown ? static_cast<std::size_t>(std::max(wcwidth(static_cast<wchar_t>(character.code)), 0)) : 1;
 }
 
 /** How many bytes of a text take at most `width` columns. */
@@ -68,7 +60,7 @@ std::size_t fittingSize(std::string_view text, std::size_t width)
     std::size_t size = 0;
     for (std::size_t used = 0; size < text.size();) {
         const Character character = firstCharacter(text.substr(size));
-        used += character.width;
+        used += widthOf(character);
         if (used > width) {
             break;
         }
@@ -106,7 +98,7 @@ std::size_t shownWidth(std::string_view text)
     std::size_t width = 0;
     while (!text.empty()) {
         const Character character = firstCharacter(text);
-        width += character.width;
+        width += widthOf(character);
         text.remove_prefix(character.size);
     }
     return width;

@@ -2,46 +2,10 @@
 #include "tools/process/visible_text.h"
 
 #include <array>
-#include <cstdint>
 
 namespace tools {
 
 namespace {
-
-/** A character of UTF-8. */
-struct Character {
-    std::uint32_t code;
-    std::size_t size; // in bytes; 1 where they are not UTF-8
-    bool isValid;
-};
-
-Character firstOf(std::string_view text)
-{
-    const auto lead = static_cast<unsigned char>(text.front());
-    const std::size_t size = lead < 0x80   ? 1
-                             : lead < 0xC2 ? 0
-                             : lead < 0xE0 ? 2
-                             : lead < 0xF0 ? 3
-                             : lead < 0xF5 ? 4
-                                           : 0;
-    if (size == 0 || size > text.size()) {
-        return {lead, 1, false};
-    }
-    std::uint32_t code = size == 1 ? lead : lead & (0x7FU >> size);
-    for (std::size_t i = 1; i < size; ++i) {
-        const auto unit = static_cast<unsigned char>(text[i]);
-        if ((unit & 0xC0U) != 0x80U) {
-            return {lead, 1, false};
-        }
-        code = code << 6U | (unit & 0x3FU);
-    }
-    const bool isOverlong = (size == 3 && code < 0x800) || (size == 4 && code < 0x10000);
-    const bool isSurrogate = code >= 0xD800 && code <= 0xDFFF;
-    if (isOverlong || isSurrogate || code > 0x10FFFF) {
-        return {lead, 1, false};
-    }
-    return {code, size, true};
-}
 
 /** Ranges of characters that a terminal obeys. */
 struct Range {
@@ -88,7 +52,7 @@ std::string written(std::string_view text, std::string_view kept)
     std::string result;
     result.reserve(text.size());
     while (!text.empty()) {
-        const Character character = firstOf(text);
+        const Character character = firstCharacter(text);
         const bool isKept =
             character.code < 0x80 && kept.find(static_cast<char>(character.code)) != std::string_view::npos;
         if (character.isValid && (isKept || !isObeyed(character.code))) {
@@ -102,6 +66,34 @@ std::string written(std::string_view text, std::string_view kept)
 }
 
 } // namespace
+
+Character firstCharacter(std::string_view text)
+{
+    const auto lead = static_cast<unsigned char>(text.front());
+    const std::size_t size = lead < 0x80   ? 1
+                             : lead < 0xC2 ? 0
+                             : lead < 0xE0 ? 2
+                             : lead < 0xF0 ? 3
+                             : lead < 0xF5 ? 4
+                                           : 0;
+    if (size == 0 || size > text.size()) {
+        return {lead, 1, false};
+    }
+    std::uint32_t code = size == 1 ? lead : lead & (0x7FU >> size);
+    for (std::size_t i = 1; i < size; ++i) {
+        const auto unit = static_cast<unsigned char>(text[i]);
+        if ((unit & 0xC0U) != 0x80U) {
+            return {lead, 1, false};
+        }
+        code = code << 6U | (unit & 0x3FU);
+    }
+    const bool isOverlong = (size == 3 && code < 0x800) || (size == 4 && code < 0x10000);
+    const bool isSurrogate = code >= 0xD800 && code <= 0xDFFF;
+    if (isOverlong || isSurrogate || code > 0x10FFFF) {
+        return {lead, 1, false};
+    }
+    return {code, size, true};
+}
 
 std::string visible(std::string_view text)
 {
