@@ -33,8 +33,9 @@ MAY_INCLUDE = {
     "tools/structure": ("include", "tools/process", "tools/output"),
     "tools/site_files": ("include", "config", "tools/process"),
     "tools/parts_list": ("include", "csv", "tools/process", "tools/output", "tools/structure"),
+    "tools/page": ("tools/output", "tools/structure"),
     "tools/commands": ("include", "config", "csv", "tools/process", "tools/output", "tools/command_line",
-                       "tools/structure", "tools/site_files", "tools/parts_list"),
+                       "tools/structure", "tools/page", "tools/site_files", "tools/parts_list"),
     "tools/demo": ("include", "tools/process", "tools/output", "tools/command_line", "tools/structure"),
 }
 GROUPS = {"libvelrzm": ("diagnostics", "frame", "config", "operations"), "libqvlocal": "server/", "velrzm": "tools/"}

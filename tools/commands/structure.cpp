@@ -5,6 +5,7 @@
 
 #include "tools/commands/operation_command.h"
 #include "tools/output/text.h"
+#include "tools/page/page.h"
 #include "tools/process/failures.h"
 #include "tools/structure/comparison.h"
 #include "tools/structure/graph.h"
@@ -25,6 +26,8 @@ constexpr Parameter expand = {"--expand", "Repeat the branch of an item wherever
 constexpr Parameter levels = {"--level NUMBER", "How many levels; 0, or none given, is all of them",
                               Need::Optional, Parameter::Takes::WholeNumber};
 
+const ShownAttributes itemName = {"ItemEngineeringData", {"name"}};
+
 int numberOfLevels(Call& call)
 {
     return wholeNumber(call.text("--level")).value_or(0);
@@ -32,7 +35,8 @@ int numberOfLevels(Call& call)
 
 ProductStructure readDown(Call& call, const char* item, const char* change = "--ec")
 {
-    return readStructure({call.text(item), call.text(change), numberOfLevels(call)}, Direction::Down);
+    return readStructure({call.text(item), call.text(change), numberOfLevels(call), true}, Direction::Down,
+                         call.selected());
 }
 
 /** The same of the argument "item", which must have lines. */
@@ -69,13 +73,17 @@ Outcome drawTree(Call& call)
         }
         return drawnGraph(structureGraph(structure));
     };
+    const std::string change = call.text("--ec");
+    outcome.drawn[Format::Html] = [=] {
+        return structurePage(structure, change.empty() ? "" : "lines of " + change);
+    };
     return outcome;
 }
 
 Outcome showUsers(Call& call)
 {
-    const ProductStructure structure =
-        readStructure({call.text("item"), call.text("--ec"), numberOfLevels(call)}, Direction::Up);
+    const ProductStructure structure = readStructure(
+        {call.text("item"), call.text("--ec"), numberOfLevels(call)}, Direction::Up, call.selected());
     if (structure.items.front().parts.empty()) {
         throw NothingFound("no structure uses " + structure.items.front().number);
     }
@@ -93,7 +101,15 @@ Outcome compareStructures(Call& call)
     const ProductStructure before = readDown(call, "before");
     const ProductStructure after =
         readDown(call, isOtherItem ? "after" : "before", isOtherChange ? "--after-ec" : "--ec");
-    return {differences(before, after), Shape::List, "no difference"};
+    const Comparison comparison = compared(before, after);
+    Outcome outcome{differences(comparison), Shape::List, "no difference"};
+    const auto title = [](const ProductStructure& structure, const std::string& change) {
+        return structure.items.front().number + (change.empty() ? "" : " (" + change + ")");
+    };
+    const std::string titles = title(before, call.text("--ec")) + " → " +
+                               title(after, call.text(isOtherChange ? "--after-ec" : "--ec"));
+    outcome.drawn[Format::Html] = [=] { return comparisonPage(comparison, titles); };
+    return outcome;
 }
 
 } // namespace
@@ -120,23 +136,24 @@ CommandGroup structureCommands()
           {"Component", {"level", "item_number", "comp_item_number", "comp_seq_nm", "comp_item@name"}},
           explodeStructure},
          {"tree",
-          "Draw a bill of material as a tree or as a graph of its items\n\n"
+          "Draw a bill of material as a tree, as a graph of its items or as a page for a browser\n\n"
           "Equal lines of an item are taken together, with their number. The branch of an item that occurs "
-          "several times is drawn once; \"(see above)\" stands where it occurs again.",
-          "velrzm bom tree A-100 --format svg > A-100.svg",
+          "several times is drawn once; \"(see above)\" stands where it occurs again. The page is one file: "
+          "it folds, searches, adds up, tells where an item is used, and needs no network.",
+          "velrzm bom tree A-100 --select name,item_type --format html > A-100.html",
           {parameters::item,
            lineChange,
            levels,
            expand,
            {"--force", "Draw a picture that takes long", Need::Optional, Parameter::Takes::Nothing}},
-          {},
+          itemName,
           drawTree,
-          {{"dot", Format::Dot}, {"svg", Format::Svg}}},
+          {{"dot", Format::Dot}, {"svg", Format::Svg}, {"html", Format::Html}}},
          {"flat",
           "Add up how often each component occurs, over all levels",
           "velrzm bom flat A-100",
           {parameters::item, lineChange, levels},
-          {},
+          itemName,
           [](Call& call) {
               return Outcome{totalQuantities(readBillOfMaterial(call)), Shape::List};
           }},
@@ -144,7 +161,7 @@ CommandGroup structureCommands()
           "Show which structures use an item, up to the topmost",
           "velrzm bom where-used B-200",
           {parameters::item, lineChange, levels, expand},
-          {},
+          itemName,
           showUsers},
          {"compare",
           "Show the components added, removed and changed in number between two structures\n\n"
@@ -157,8 +174,9 @@ CommandGroup structureCommands()
            {"--after-ec CHANGE", "Lines of this change only in the second structure; --ec unless given",
             Need::Optional, Parameter::Takes::ObjectNumber},
            levels},
-          {},
-          compareStructures}}};
+          itemName,
+          compareStructures,
+          {{"html", Format::Html}}}}};
 }
 
 } // namespace tools

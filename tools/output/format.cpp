@@ -96,6 +96,7 @@ void writeRecords(const Records& records, Shape shape, Format format)
         return writeResult(printListText(records));
     case Format::Dot:
     case Format::Svg:
+    case Format::Html:
         return; // records are not drawn
     }
 }

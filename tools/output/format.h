@@ -8,8 +8,8 @@
 
 namespace tools {
 
-/** Dot and Svg are offered by commands that draw them themselves. */
-enum class Format { Table, Json, Csv, PrintList, Dot, Svg };
+/** Dot, Svg and Html are offered by commands that draw them themselves. */
+enum class Format { Table, Json, Csv, PrintList, Dot, Svg, Html };
 
 /** One object, or any number. */
 enum class Shape { Object, List };

@@ -9,7 +9,7 @@
 namespace tools {
 
 /** A structure in the language of Graphviz: a node for each item, and an edge for each parent and component, with
- * the number of lines. The items have their names as first values. */
+ * the number of lines. An item is labelled with its number and its first value. */
 std::string structureGraph(const ProductStructure& structure);
 
 /** Throws Refused when a picture of the structure would take more than a few seconds to draw. */

@@ -78,10 +78,14 @@ std::int64_t sumOf(const std::vector<std::int64_t>& numbers)
 Records totalQuantities(const ProductStructure& structure)
 {
     const std::vector<std::int64_t> totals = occurrences(structure, PartCount::Lines);
-    Records records{{"item_number", "name", "quantity"}, {}};
-    for (std::size_t item = 1; item < totals.size(); ++item) {
-        records.rows.push_back({structure.items[item].number, structure.items[item].values.front(),
-                                std::to_string(totals[item])});
+    Records records{{"item_number"}, {}};
+    records.columns.insert(records.columns.end(), structure.attributes.begin(), structure.attributes.end());
+    records.columns.emplace_back("quantity");
+    for (std::size_t place = 1; place < totals.size(); ++place) {
+        const StructureItem& item = structure.items[place];
+        std::vector<std::string>& fields = records.rows.emplace_back(std::vector{item.number});
+        fields.insert(fields.end(), item.values.begin(), item.values.end());
+        fields.push_back(std::to_string(totals[place]));
     }
     std::sort(records.rows.begin(), records.rows.end());
     return records;

@@ -22,6 +22,7 @@ struct End {
     const char* relation;
 };
 constexpr End parentEnd = {"logical_key@item_number", "item@"};
+constexpr const char* changePath = "il_ec_number"; // of a line
 constexpr End componentEnd = {"logical_key@comp_item_number", "comp_item@"};
 
 std::string withoutTrailingBlanks(std::string text)
@@ -35,6 +36,7 @@ struct Line {
     std::string sequence;
     std::string number; // of the item at its far end
     std::vector<std::string> values;
+    std::string change = {};
 };
 
 /** Numbers come before other texts, as in an explosion. */
@@ -67,6 +69,7 @@ public:
         if (structure_.items.size() == 1 && !request_.change.empty()) {
             requireChange();
         }
+        structure_.attributes = attributes_;
         structure_.levels = request_.levels;
         return std::move(structure_);
     }
@@ -88,10 +91,13 @@ private:
             const auto values = row.begin() + fixedColumns;
             const auto valuesEnd = values + static_cast<std::ptrdiff_t>(attributes_.size());
             if (isFirst) {
-                structure_.items.front().values.assign(valuesEnd, row.end());
+                structure_.items.front().values.assign(
+                    valuesEnd, valuesEnd + static_cast<std::ptrdiff_t>(attributes_.size()));
             }
-            lines[found->second].push_back(
-                {std::move(row[2]), withoutTrailingBlanks(row[1]), {values, valuesEnd}});
+            lines[found->second].push_back({std::move(row[2]),
+                                            withoutTrailingBlanks(row[1]),
+                                            {values, valuesEnd},
+                                            request_.withChanges ? row.back() : ""});
         }
         if (isFirst && lines.empty()) {
             structure_.items.front().values = valuesOfFirstItem();
@@ -113,8 +119,11 @@ private:
         if (withNearItem) {
             select(near_.relation);
         }
+        if (request_.withChanges) {
+            list.select.emplace_back(changePath);
+        }
         if (!request_.change.empty()) {
-            list.where.push_back(isOneOf("il_ec_number", {request_.change}));
+            list.where.push_back(isOneOf(changePath, {request_.change}));
         }
         return list;
     }
@@ -147,12 +156,17 @@ private:
         std::vector<StructurePart> parts;
         std::unordered_map<std::size_t, std::size_t> known; // item: its place in the parts
         for (Line& line : lines) {
+            const std::string change = std::move(line.change);
             const std::size_t part = placeOf(std::move(line));
             const auto [place, isNew] = known.emplace(part, parts.size());
             if (isNew) {
                 parts.push_back({part, 0});
             }
             ++parts[place->second].quantity;
+            std::vector<std::string>& changes = parts[place->second].changes;
+            if (!change.empty() && std::find(changes.begin(), changes.end(), change) == changes.end()) {
+                changes.push_back(change);
+            }
         }
         structure_.items[item].parts = std::move(parts);
     }

@@ -17,6 +17,7 @@ struct StructureRequest {
     std::string item;
     std::string change; // lines of this change only; empty for all
     int levels = 0;     // how many; 0 for all
+    bool withChanges = false;
 };
 
 /** From an item down to its components, or up to the items that use it. */
@@ -26,17 +27,19 @@ enum class Direction { Down, Up };
 struct StructurePart {
     std::size_t item; // its place in the structure
     std::int64_t quantity;
+    std::vector<std::string> changes = {}; // of these lines, each once, when they were asked for
 };
 
 struct StructureItem {
     std::string number;
-    std::vector<std::string> values; // of the attributes that were asked for
+    std::vector<std::string> values; // of the attributes of the structure
     std::vector<StructurePart> parts;
 };
 
 struct ProductStructure {
-    std::vector<StructureItem> items; // the first is the one asked for
-    int levels;                       // how many were asked for; 0 for all
+    std::vector<std::string> attributes; // that the items have values of
+    std::vector<StructureItem> items;    // the first is the one asked for
+    int levels;                          // how many were asked for; 0 for all
 };
 
 /** Reads a structure, with the values of `attributes` for each item. Components stand in the order of their lines,

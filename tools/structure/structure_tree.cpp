@@ -75,9 +75,9 @@ private:
     std::vector<TreeRow> rows_;
 };
 
-const std::string& nameOf(const ProductStructure& structure, const TreeRow& row)
+void append(std::vector<std::string>& texts, const std::vector<std::string>& more)
 {
-    return structure.items[row.item].values.front();
+    texts.insert(texts.end(), more.begin(), more.end());
 }
 
 std::string drawn(const ProductStructure& structure, const std::vector<TreeRow>& rows,
@@ -85,15 +85,17 @@ std::string drawn(const ProductStructure& structure, const std::vector<TreeRow>&
 {
     const bool refers =
         std::any_of(rows.begin(), rows.end(), [](const TreeRow& row) { return row.branch == Branch::Above; });
-    Records records{{"item", "quantity", "name"}, {}};
+    Records records{{"item", "quantity"}, {}};
+    append(records.columns, structure.attributes);
     if (refers) {
         records.columns.emplace_back();
     }
     std::vector<int> levels;
     for (const TreeRow& row : rows) {
         levels.push_back(row.level);
-        records.rows.push_back(
-            {structure.items[row.item].number, std::to_string(row.quantity), nameOf(structure, row)});
+        const StructureItem& item = structure.items[row.item];
+        records.rows.push_back({item.number, std::to_string(row.quantity)});
+        append(records.rows.back(), item.values);
         if (refers) {
             records.rows.back().emplace_back(row.branch == Branch::Above ? "(see above)" : "");
         }
@@ -119,13 +121,17 @@ std::vector<TreeRow> treeRows(const ProductStructure& structure, Repeated repeat
 Outcome treeOutcome(const ProductStructure& structure, Repeated repeated)
 {
     const std::vector<TreeRow> rows = treeRows(structure, repeated);
-    Outcome outcome{{{"level", "item_number", "quantity", "name", "branch"}, {}}, Shape::List};
+    Outcome outcome{{{"level", "item_number", "quantity"}, {}}, Shape::List};
+    append(outcome.records.columns, structure.attributes);
+    outcome.records.columns.emplace_back("branch");
     for (const TreeRow& row : rows) {
-        outcome.records.rows.push_back({std::to_string(row.level), structure.items[row.item].number,
-                                        std::to_string(row.quantity), nameOf(structure, row),
-                                        row.branch == Branch::Above   ? "above"
-                                        : row.branch == Branch::Below ? "below"
-                                                                      : ""});
+        const StructureItem& item = structure.items[row.item];
+        std::vector<std::string>& fields = outcome.records.rows.emplace_back(
+            std::vector{std::to_string(row.level), item.number, std::to_string(row.quantity)});
+        append(fields, item.values);
+        fields.emplace_back(row.branch == Branch::Above   ? "above"
+                            : row.branch == Branch::Below ? "below"
+                                                          : "");
     }
     outcome.drawn[Format::Table] = [=] { return drawn(structure, rows, 0); };
     return outcome;

@@ -32,7 +32,7 @@ enum class Repeated { Referred, Expanded };
  * many of them. */
 std::vector<TreeRow> treeRows(const ProductStructure& structure, Repeated repeated);
 
-/** A tree whose items have their names as first values: drawn where it is shown as a table, otherwise a list with
+/** A tree with the attributes of its items: drawn where it is shown as a table, otherwise a list with
  * levels. */
 Outcome treeOutcome(const ProductStructure& structure, Repeated repeated);
 
