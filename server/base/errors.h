@@ -53,6 +53,7 @@ enum class Failure : int {
     StoreFailure = -305,               // the database below failed
     StoreExists = -306,                // there is something at the place of a store that is to be made
     UserAdministration = -307, // a user that is unknown or already there, an unusable name or password
+    OutcomeUnknown = -308,     // the changes may be stored, or not
 };
 
 /** A failure on its way to the caller: its kind, and a text that says what is wrong with which value. */

@@ -154,6 +154,13 @@ void SqliteStore::commit()
         (depth_ > 0 ? statements_.release : statements_.commit).run();
     } catch (const std::exception&) {
         rollBackTransaction();
+        if (depth_ == 0 &&
+            hasDiskFailed) { // with the changes in the log, perhaps, where others may find them
+            fail(Failure::OutcomeUnknown,
+                 "the disk failed while the changes were committed, so that they may be stored, or not; see "
+                 "which before you repeat them (",
+                 error.what(), ')');
+        }
         throw;
     }
 }

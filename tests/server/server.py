@@ -14,6 +14,7 @@ A session is logged on as its user, the name without a digit behind it; only "gu
 import ctypes
 import multiprocessing
 import os
+import resource
 import sys
 from collections import defaultdict
 
@@ -192,6 +193,11 @@ class Calls:
             ctypes.CDLL(None).exit(-LIBRARY.QV_Logoff())
         code = -os.waitstatus_to_exitcode(os.waitpid(child, 0)[1])
         raise Refused(code, "")
+
+    def limit_files(self, size):
+        """Has files not grow beyond that size, as if the disk failed."""
+        resource.setrlimit(resource.RLIMIT_FSIZE, (int(size), resource.RLIM_INFINITY))
+        return 0
 
     def become_nobody(self):
         """Drops the rights of the superuser, whom permissions do not bind."""
