@@ -62,7 +62,7 @@ struct StoreSummary {
     std::vector<std::pair<std::string, std::size_t>> objects; // every class, and how many of it are stored
 };
 
-/** Counts what a store holds. */
+/** Checks a store, all of which is read for it, and counts what it holds; a damaged one is a failure. */
 VELRZM_API StoreSummary summarizeStore(const std::string& location);
 
 /** Whether a file that is already there is replaced. */

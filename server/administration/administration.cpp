@@ -126,6 +126,7 @@ StoreSummary summarizeStore(const std::string& location)
     return reported([&] {
         const auto store = qvserver::openStoreFile(location);
         const Transaction sameState(*store, Access::Read);
+        store->check();
         StoreSummary summary = {store->engine(), store->isReadOnly(),       store->formatVersion(),
                                 store->size(),   store->userNames().size(), {}};
         for (const qvserver::Class& objectClass : qvserver::allClasses()) {

@@ -40,6 +40,7 @@ void copyDatabase(SqliteDatabase& database, const std::string& path, const CopyP
 {
     const auto pageSize = static_cast<std::uintmax_t>(database.numberOf("page_size"));
     const Snapshot snapshot(database);
+    database.checkIntegrity();
     SqliteDatabase copy(path);
     copy.run("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF"); // a failed copy is discarded
     Backup backup(sqlite3_backup_init(copy.handle(), "main", database.handle(), "main"));

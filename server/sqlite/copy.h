@@ -9,7 +9,8 @@
 
 namespace qvserver {
 
-/** Copies what is committed at this moment to the empty file at `path`; others may go on reading and writing. */
+/** Checks what is committed at this moment and copies it to the empty file at `path`; others may go on reading and
+ * writing. */
 void copyDatabase(SqliteDatabase& database, const std::string& path, const CopyProgress& progress);
 
 } // namespace qvserver

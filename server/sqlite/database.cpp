@@ -5,6 +5,7 @@
 #include <variant>
 
 #include "server/store/like.h"
+#include "server/store/store.h"
 
 namespace qvserver {
 
@@ -134,6 +135,21 @@ void SqliteDatabase::run(const char* text)
     const int code = sqlite3_exec(handle(), text, nullptr, nullptr, nullptr);
     if (code != SQLITE_OK) {
         failWithCode(code, handle());
+    }
+}
+
+bool SqliteDatabase::isReplaced() const noexcept
+{
+    int moved = 0;
+    sqlite3_file_control(handle(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);
+    return moved != 0;
+}
+
+void SqliteDatabase::checkIntegrity() const
+{
+    SqliteStatement check(handle(), "PRAGMA integrity_check(1)");
+    if (!check.step() || check.text(0) != "ok") {
+        failDamaged(check.text(0));
     }
 }
 

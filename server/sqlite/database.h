@@ -70,6 +70,10 @@ public:
     /** Whether a transaction is open; SQLite itself rolls back after some failures. */
     bool inTransaction() const noexcept { return sqlite3_get_autocommit(handle()) == 0; }
     bool isReadOnly() const noexcept { return sqlite3_db_readonly(handle(), nullptr) == 1; }
+    /** Whether another file is in the place of the one that was opened. */
+    bool isReplaced() const noexcept;
+    /** Fails when something in the database is damaged; reads all of it. */
+    void checkIntegrity() const;
 
     /** The connection for SQLite's own functions. */
     sqlite3* handle() const noexcept { return handle_.get(); }

@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "server/sqlite/schema.h"
 
+#include <algorithm>
+#include <array>
+#include <iterator>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "server/base/class_table.h"
 #include "server/base/errors.h"
@@ -14,32 +18,35 @@ namespace {
 constexpr std::int64_t applicationId = 0x51564C53; // "QVLS", in the header of the file
 constexpr std::int64_t schemaVersion = 1;
 
-const char* const commonTables =
-    "CREATE TABLE sequence (last INTEGER NOT NULL);"
-    "INSERT INTO sequence VALUES (0);"
-    "CREATE TABLE user (name TEXT PRIMARY KEY, password TEXT NOT NULL) WITHOUT ROWID;"
+const std::array commonTables = {
+    "CREATE TABLE sequence (last INTEGER NOT NULL)",
+    "CREATE TABLE user (name TEXT PRIMARY KEY, password TEXT NOT NULL) WITHOUT ROWID",
     "CREATE TABLE attribute (object INTEGER NOT NULL, name TEXT NOT NULL, value TEXT NOT NULL,"
-    " PRIMARY KEY (object, name)) WITHOUT ROWID;";
+    " PRIMARY KEY (object, name)) WITHOUT ROWID",
+};
 
 std::string tableOf(const Class& described)
 {
-    const std::string table = sqlName(described.name);
-    std::string sql = "CREATE TABLE " + table +
+    std::string sql = "CREATE TABLE " + sqlName(described.name) +
                       " (db_object_id INTEGER PRIMARY KEY, update_count INTEGER NOT NULL DEFAULT 1";
     for (const Attribute& attribute : described.attributes) {
         sql += ", " + sqlName(attribute.path) + " TEXT NOT NULL DEFAULT '' COLLATE RTRIM";
     }
+    return sql + ')';
+}
+
+std::string keyIndexOf(const Class& described)
+{
     auto keys = described.keys;
     if (described.vault) {
         keys.push_back(described.vault->version);
     }
-    const std::string index = sqlName(std::string(described.name) + " key");
-    return sql + ");CREATE UNIQUE INDEX " + index + " ON " + table + " (" + joined(keys, ", ", sqlName) +
-           ");";
+    return "CREATE UNIQUE INDEX " + sqlName(std::string(described.name) + " key") + " ON " +
+           sqlName(described.name) + " (" + joined(keys, ", ", sqlName) + ')';
 }
 
 /** Indexes for the columns that joins and checks of references search, unless the key begins with them. */
-std::string furtherIndexes()
+void addFurtherIndexes(std::vector<std::string>& schema)
 {
     std::set<std::pair<std::string_view, std::string_view>> columns;
     for (const Class& described : allClasses()) {
@@ -50,27 +57,54 @@ std::string furtherIndexes()
             columns.emplace(described.name, reference.links.front().from);
         }
     }
-    std::string sql;
     for (const auto& [name, path] : columns) {
         if (classNamed(name).keys.front() != path) {
-            sql += "CREATE INDEX " + sqlName(std::string(name) + ' ' + std::string(path)) + " ON " +
-                   sqlName(name) + " (" + sqlName(path) + ");";
+            schema.push_back("CREATE INDEX " + sqlName(std::string(name) + ' ' + std::string(path)) + " ON " +
+                             sqlName(name) + " (" + sqlName(path) + ')');
         }
     }
-    return sql;
+}
+
+/** The statements that make the tables and indexes. */
+std::vector<std::string> schemaOfStores()
+{
+    std::vector<std::string> schema(commonTables.begin(), commonTables.end());
+    for (const Class& described : allClasses()) {
+        schema.push_back(tableOf(described));
+        schema.push_back(keyIndexOf(described));
+    }
+    addFurtherIndexes(schema);
+    return schema;
+}
+
+/** Fails when a table, index, trigger or view is there that this program did not make, or is missing. */
+void checkTables(const SqliteDatabase& database, const std::string& path)
+{
+    std::vector<std::string> expected = schemaOfStores();
+    std::sort(expected.begin(), expected.end());
+    std::vector<std::string> found;
+    SqliteStatement statements(database.handle(), "SELECT sql FROM sqlite_schema WHERE sql IS NOT NULL AND "
+                                                  "name NOT LIKE 'sqlite!_%' ESCAPE '!' ORDER BY sql");
+    while (statements.step()) {
+        found.emplace_back(statements.text(0));
+    }
+    std::vector<std::string> different;
+    std::set_symmetric_difference(found.begin(), found.end(), expected.begin(), expected.end(),
+                                  std::back_inserter(different));
+    if (!different.empty()) {
+        fail(Failure::StoreUnusable, "the tables of the store ", path,
+             " were changed: ", inQuotes(different.front()), " was added or is missing; restore a backup");
+    }
 }
 
 } // namespace
 
 void createSchema(SqliteDatabase& database)
 {
-    std::string sql = commonTables;
-    for (const Class& described : allClasses()) {
-        sql += tableOf(described);
-    }
-    sql += furtherIndexes();
-    sql += "PRAGMA application_id = " + std::to_string(applicationId) +
-           "; PRAGMA user_version = " + std::to_string(schemaVersion);
+    const std::string sql =
+        joined(schemaOfStores(), ";") +
+        ";INSERT INTO sequence VALUES (0);PRAGMA application_id = " + std::to_string(applicationId) +
+        ";PRAGMA user_version = " + std::to_string(schemaVersion);
     database.run(sql.c_str());
 }
 
@@ -97,6 +131,7 @@ void checkSchema(const SqliteDatabase& database, const std::string& path)
              ", this program needs version ", schemaVersion,
              "; it was not created completely; remove it and run: velrzm init");
     }
+    checkTables(database, path);
 }
 
 } // namespace qvserver

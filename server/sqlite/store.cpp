@@ -152,7 +152,8 @@ void SqliteStore::commit()
     }
     try {
         (depth_ > 0 ? statements_.release : statements_.commit).run();
-    } catch (const std::exception&) {
+    } catch (const std::exception& error) {
+        const bool hasDiskFailed = (sqlite3_errcode(database_.handle()) & 0xFF) == SQLITE_IOERR;
         rollBackTransaction();
         if (depth_ == 0 &&
             hasDiskFailed) { // with the changes in the log, perhaps, where others may find them

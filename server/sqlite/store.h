@@ -48,6 +48,7 @@ public:
     bool isReadOnly() const noexcept override { return database_.isReadOnly(); }
     std::int64_t formatVersion() const override;
     std::uintmax_t size() const override;
+    void check() override { database_.checkIntegrity(); }
     void copyTo(const std::string& path, const CopyProgress& progress) override;
 
     bool isOpenToAll() const noexcept override { return inMemory_; }

@@ -84,7 +84,10 @@ public:
     virtual std::int64_t formatVersion() const = 0;
     /** The size of everything in bytes. */
     virtual std::uintmax_t size() const = 0;
-    /** Writes what is committed at this moment to the empty file at `path`; others may go on reading and writing. */
+    /** Fails when something in the store is damaged; reads all of it. */
+    virtual void check() = 0;
+    /** Checks what is committed at this moment and writes it to the empty file at `path`; others may go on reading and
+     * writing. */
     virtual void copyTo(const std::string& path, const CopyProgress& progress) = 0;
 
     /** Whether the store has no users, so that anybody may use it. */
