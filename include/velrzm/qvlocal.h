@@ -72,17 +72,28 @@ enum class Replace { No, Yes };
  * Told how many bytes of how many are copied. What it throws ends the copying and reaches the caller, a std::exception
  * as a StoreError with its text.
  */
-using BackupProgress = std::function<void(std::uintmax_t done, std::uintmax_t total)>;
+using CopyProgress = std::function<void(std::uintmax_t done, std::uintmax_t total)>;
 
 /**
  * Writes a copy of a store to `file`, where it is a store of its own with the same users. It holds what was committed
  * when the copying began; others go on reading and writing meanwhile. `file` appears when the copy is complete and on
- * the disk, or not at all.
+ * the disk, or not at all; a process that is killed leaves `file`.unfinished, which the next copy to `file` removes. A
+ * damaged store is not copied, and a store that somebody uses is not replaced.
  *
  *     qvlocal::backUpStore(qvlocal::currentStore(), "/backup/parts.db", qvlocal::Replace::Yes);
  */
 VELRZM_API void backUpStore(const std::string& location, const std::string& file,
-                            Replace replace = Replace::No, const BackupProgress& progress = {});
+                            Replace replace = Replace::No, const CopyProgress& progress = {});
+
+/**
+ * Puts a copy of the store in `file` in the place of the one at `location`, or where one is missing. Nobody may use that
+ * one, and `file` must not be damaged. The restored store has the users and objects of `file`, and appears when it is
+ * complete and on the disk; what belonged to the old one goes with it. When the machine stops in the middle, restore again.
+ *
+ *     qvlocal::restoreStore("/backup/parts.db", qvlocal::currentStore());
+ */
+VELRZM_API void restoreStore(const std::string& file, const std::string& location,
+                             const CopyProgress& progress = {});
 
 /** Adds a user; a user of that name is refused. The name has 1 to 255 characters. */
 VELRZM_API void addUser(const std::string& location, const std::string& user, const std::string& password);

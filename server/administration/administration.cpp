@@ -83,6 +83,11 @@ void changeUser(const std::string& location, const std::string& user, bool mustE
     });
 }
 
+qvserver::CopyProgress progressOrNone(const CopyProgress& progress)
+{
+    return progress ? progress : [](std::uintmax_t, std::uintmax_t) {};
+}
+
 std::size_t loadFile(const std::string& location, const qvserver::LoadFormat& format, const std::string& file)
 {
     return reported([&] {
@@ -137,13 +142,18 @@ StoreSummary summarizeStore(const std::string& location)
 }
 
 void backUpStore(const std::string& location, const std::string& file, Replace replace,
-                 const BackupProgress& progress)
+                 const CopyProgress& progress)
 {
     reported([&] {
-        qvserver::backUpStore(
-            location, file, replace == Replace::Yes ? qvserver::Replace::Yes : qvserver::Replace::No,
-            progress ? progress : [](std::uintmax_t, std::uintmax_t) {});
+        qvserver::backUpStore(location, file,
+                              replace == Replace::Yes ? qvserver::Replace::Yes : qvserver::Replace::No,
+                              progressOrNone(progress));
     });
+}
+
+void restoreStore(const std::string& file, const std::string& location, const CopyProgress& progress)
+{
+    reported([&] { qvserver::restoreStore(file, location, progressOrNone(progress)); });
 }
 
 void addUser(const std::string& location, const std::string& user, const std::string& password)

@@ -17,6 +17,12 @@ enum class Replace { No, Yes };
 void backUpStore(const std::string& location, const std::string& file, Replace replace,
                  const CopyProgress& progress);
 
+/**
+ * Puts a copy of the store in `file` in the place of the one at `location`, which nobody may use; a store need not be
+ * there. The restored store appears there complete and synced to the disk, or the old one stays.
+ */
+void restoreStore(const std::string& file, const std::string& location, const CopyProgress& progress);
+
 } // namespace qvserver
 
 #endif

@@ -82,6 +82,9 @@ std::unique_ptr<Store> SqliteStore::open(const std::string& path)
     }
     auto store = make(path);
     checkSchema(store->database_, path);
+    if (store->database_.isReplaced()) {
+        fail(Failure::StoreBusy, "the store ", path, " was replaced while it was opened; try again");
+    }
     return store;
 }
 

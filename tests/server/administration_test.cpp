@@ -135,6 +135,20 @@ TEST_F(AdministrationTest, WhoIsToldOfTheProgressMayEndTheCopying)
     EXPECT_EQ(saveChange("AFTER"), 0);
 }
 
+TEST_F(AdministrationTest, AStoreThatComesIntoUseMeanwhileIsNotReplaced)
+{
+    qvlocal::backUpStore(store, "other.db");
+    const auto useOther = [&](std::uintmax_t, std::uintmax_t) {
+        QV_Logoff();
+        environment.set("QV_STORE", "sqlite:other.db");
+        EXPECT_EQ(logOn(), 0);
+    };
+    EXPECT_THROW(qvlocal::backUpStore(store, "other.db", qvlocal::Replace::Yes, useOther),
+                 qvlocal::StoreError);
+    EXPECT_EQ(saveChange("OTHER"), 0);
+    EXPECT_EQ(changesIn("sqlite:other.db"), 1U);
+}
+
 TEST_F(AdministrationTest, UnusableUsersAreRefused)
 {
     EXPECT_THROW(qvlocal::addUser(store, "", "x"), qvlocal::StoreError);

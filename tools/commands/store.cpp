@@ -37,24 +37,43 @@ struct BackupOptions {
     bool isForced = false;
 };
 
-void backUpStore(const BackupOptions& options, const Settings& settings)
+/** Runs `copy(progress)`, with its progress shown; how many kilobytes were copied. */
+template <typename Copy>
+std::string kilobytesOf(const char* interrupted, Copy copy)
 {
     constexpr std::uintmax_t kilobyte = 1024;
-    const std::string location = qvlocal::currentStore();
     std::uintmax_t size = 0;
-    interruptibly("no copy was made", [&] {
+    interruptibly(interrupted, [&] {
         Progress progress("KB");
-        qvlocal::backUpStore(location, options.file,
-                             options.isForced ? qvlocal::Replace::Yes : qvlocal::Replace::No,
-                             [&](std::uintmax_t done, std::uintmax_t total) {
-                                 checkInterruption();
-                                 size = total / kilobyte;
-                                 progress.show(done / kilobyte, size);
-                             });
+        copy([&](std::uintmax_t done, std::uintmax_t total) {
+            checkInterruption();
+            size = total / kilobyte;
+            progress.show(done / kilobyte, size);
+        });
     });
-    const std::string sizeText = std::to_string(size);
-    writeOutcome(sentence("Copied the store " + location + " to " + options.file + ", " + sizeText + " KB.",
-                          {{"store", "file", "kilobytes"}, {{location, options.file, sizeText}}}),
+    return std::to_string(size);
+}
+
+void backUpStore(const BackupOptions& options, const Settings& settings)
+{
+    const std::string location = qvlocal::currentStore();
+    const std::string size = kilobytesOf("no copy was made", [&](const qvlocal::CopyProgress& progress) {
+        qvlocal::backUpStore(location, options.file,
+                             options.isForced ? qvlocal::Replace::Yes : qvlocal::Replace::No, progress);
+    });
+    writeOutcome(sentence("Copied the store " + location + " to " + options.file + ", " + size + " KB.",
+                          {{"store", "file", "kilobytes"}, {{location, options.file, size}}}),
+                 settings.format);
+}
+
+void restoreStore(const Settings& settings, const std::string& file)
+{
+    const std::string location = qvlocal::currentStore();
+    const std::string size = kilobytesOf("nothing was restored", [&](const qvlocal::CopyProgress& progress) {
+        qvlocal::restoreStore(file, location, progress);
+    });
+    writeOutcome(sentence("Restored the store " + location + " from " + file + ", " + size + " KB.",
+                          {{"store", "file", "kilobytes"}, {{location, file, size}}}),
                  settings.format);
 }
 
@@ -152,6 +171,12 @@ void addStoreCommands(CommandLine& line)
                     "velrzm init --store parts.db --user jdoe",
                     [&line] { initializeStore(line.settings()); });
     addBackup(line);
+    addCommandOn(
+        line, line.app(), "restore",
+        "Put a copy of the store in its place\n\n"
+        "The store gets everything from the copy, users included, and loses what was saved since. Nobody "
+        "may be connected to it. The copy is checked first.",
+        "velrzm restore parts-monday.db", "file", "Copy to restore, as backup makes it", restoreStore);
     addUserCommands(line);
     addLoadCommands(line);
 }
