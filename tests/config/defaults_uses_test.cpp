@@ -22,7 +22,7 @@ protected:
     {
         const standin::Call* marked = nullptr;
         Names names;
-        for (const standin::Call& call : standin::calls()) {
+        for (const standin::Call& call : standin::state().calls) {
             if (call.function != "QV_Set_Object_Attr") {
                 continue;
             }

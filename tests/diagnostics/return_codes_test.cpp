@@ -19,6 +19,12 @@ protected:
                                  1);
         });
     }
+    /** As if the last call had failed with these messages. */
+    static void failLastCall(const std::vector<standin::Message>& messages)
+    {
+        standin::state().hasFailed = true;
+        standin::state().messages = messages;
+    }
     static Outcome display(const char* function, const char* text)
     {
         return record([=] {
@@ -46,7 +52,7 @@ TEST_F(ReturnCodes, AMessageWithTheCodeOfTheOneBeforeIsSkippedAndNullIsEmpty)
     };
     connect();
     for (const Case& each : cases) {
-        standin::failLastCall(each.messages);
+        failLastCall(each.messages);
         const Outcome outcome = check(INT_MIN);
         EXPECT_EQ(outcome.output, "****** " + each.text + ".\n");
         EXPECT_EQ(outcome.accessLog,
@@ -54,8 +60,8 @@ TEST_F(ReturnCodes, AMessageWithTheCodeOfTheOneBeforeIsSkippedAndNullIsEmpty)
         EXPECT_EQ(outcome.errorLog, errorBlock("ItemOpen", each.text));
         EXPECT_EQ(lastError(), each.text + '\n');
     }
-    standin::failLastCall({});
-    standin::script().errorSize = -1;
+    failLastCall({});
+    standin::state().errorSize = -1;
     EXPECT_EQ(check(-1).errorLog, errorBlock("ItemOpen", ""));
 }
 
@@ -86,7 +92,7 @@ TEST_F(ReturnCodes, AnAccessLogLineIsCutAt511CharactersAndNothingElseIs)
     EXPECT_EQ(check(0, "id", fitting + 'v').accessLog, head + fitting + "v) = \n");
 
     const std::string endless(10000, 'v');
-    standin::failLastCall({{"E", endless}});
+    failLastCall({{"E", endless}});
     const Outcome outcome = check(-1, "id", endless);
     EXPECT_EQ(outcome.accessLog, (head + endless).substr(0, 511) + "\nE - " + endless + '\n');
     EXPECT_EQ(outcome.output,
@@ -97,7 +103,7 @@ TEST_F(ReturnCodes, AnAccessLogLineIsCutAt511CharactersAndNothingElseIs)
 
 TEST_F(ReturnCodes, WithTheLogsClosedAFailureShowsOnTheConsoleOnly)
 {
-    standin::failLastCall({{"E1", "No such item"}});
+    failLastCall({{"E1", "No such item"}});
     const Outcome outcome = check(-1);
     EXPECT_EQ(outcome.result, 1);
     EXPECT_EQ(outcome.output, "****** No such item .\n");

@@ -39,7 +39,7 @@ protected:
     }
     static void makeListResult(int size)
     {
-        standin::script().records.assign(static_cast<std::size_t>(size), {{"id", "EC-0"}});
+        standin::state().records.assign(static_cast<std::size_t>(size), {{"id", "EC-0"}});
         captureOutput([] { AffectedItemQuery(Text("7"), Names({"id", "desc"})); });
     }
 
@@ -100,7 +100,7 @@ TEST_F(Values, NullArgumentsNeverCrash)
     connect(9);
     captureOutput([&] { useNulls("", ""); });
     makeObjectResult();
-    standin::script().values["id"] = "EC-7";
+    standin::state().values["id"] = "EC-7";
     captureOutput([&] { useNulls("id", "EC-7"); });
     makeListResult(3);
     captureOutput([&] { useNulls("id", "EC-0"); });
@@ -114,7 +114,7 @@ TEST_F(Values, LongValuesAreReadWholeWithOrWithoutASize)
     connect(9);
     makeObjectResult();
     const std::string text(10000, 'd');
-    standin::script().values["desc"] = text;
+    standin::state().values["desc"] = text;
     const Outcome outcome = byName(0, "desc");
     EXPECT_EQ(value_, text);
     EXPECT_EQ(value_[text.size() + 1], canary);
@@ -128,7 +128,7 @@ TEST_F(Values, TheSizedReadersNeverWritePastTheBuffer)
 {
     connect();
     makeObjectResult();
-    standin::script().values["desc"] = "0123456789";
+    standin::state().values["desc"] = "0123456789";
     const auto expectRead = [](const char* buffer, std::size_t size, const std::string& whole) {
         const char untouched[] = {canary, canary, '\0'};
         EXPECT_EQ(size == 0 ? "" : std::string(buffer), whole.substr(0, size == 0 ? 0 : size - 1));

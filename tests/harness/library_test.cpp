@@ -64,12 +64,12 @@ void LibraryTest::connect(int level)
     setLevel(level);
     captureOutput([] { EXPECT_EQ(QvConnect("jdoe", "secret"), 1); });
     ASSERT_EQ(QVL_Traces_Level, level);
-    standin::forgetCalls();
+    standin::state().calls.clear();
 }
 
 Outcome LibraryTest::record(const std::function<int()>& use)
 {
-    standin::forgetCalls();
+    standin::state().calls.clear();
     return recordStory(use, accessLogPath, errorLogPath);
 }
 
@@ -83,7 +83,7 @@ void LibraryTest::startProcess()
         setEnvironment(name, std::nullopt);
     }
     resetGlobals();
-    standin::reset();
+    standin::state() = standin::State();
 }
 
 void LibraryTest::endProcess()

@@ -25,10 +25,10 @@ public:
           accessLog_{accessLog, readFile(accessLog).size()}, errorLog_{errorLog, readFile(errorLog).size()},
           original_(std::cout.rdbuf(this))
     {
-        standin::observe([this](const standin::Call& call) {
+        standin::state().observer = [this](const standin::Call& call) {
             readLogs();
             add("call", call.line(), outcome_.calls);
-        });
+        };
     }
     ~Recorder() override
     {
@@ -37,7 +37,7 @@ public:
             add("out ", line_ + " (without an end)", outcome_.output);
         }
         std::cout.rdbuf(original_);
-        standin::observe({});
+        standin::state().observer = {};
     }
     Recorder(const Recorder&) = delete;
     Recorder& operator=(const Recorder&) = delete;

@@ -61,7 +61,7 @@ std::vector<Exported> exportedOperations()
                            for (const operations::Scene& scene : story.scenes) {
                                prepare(scene, use);
                            }
-                           standin::Script& script = standin::script();
+                           standin::State& script = standin::state();
                            script.records.resize(2);
                            script.values = script.records[0] = {{"id", longText}, {"desc", longText}};
                            script.translations["COLOUR_TAB"] = {{"mm", longText}, {"cm", longText}};

@@ -81,21 +81,21 @@ void prepareBy(const std::string& line)
         const std::size_t message = line.find(" - ");
         standin::answer(words[1], std::stoi(words.at(2)), {{words.at(3), line.substr(message + 3)}});
     } else if (verb == "hands") {
-        standin::script().handOvers[words.at(2)] = standin::HandOver::Always;
+        standin::state().handOvers[words.at(2)] = standin::HandOver::Always;
     } else if (verb == "keeps") {
-        standin::script().handOvers[words.at(1)] = standin::HandOver::Never;
+        standin::state().handOvers[words.at(1)] = standin::HandOver::Never;
     } else if (verb == "record") {
-        standin::Record& record = standin::script().records.emplace_back();
+        standin::Record& record = standin::state().records.emplace_back();
         std::for_each(words.begin() + 1, words.end(), [&](const std::string& word) {
             const Named attribute = parseNamed(word);
             record[attribute.name] = attribute.value;
         });
     } else if (verb == "value") {
         const Named attribute = parseNamed(afterVerb(line));
-        standin::script().values[attribute.name] = attribute.value;
+        standin::state().values[attribute.name] = attribute.value;
     } else if (verb == "translation") {
         const Named entry = parseNamed(words.at(2));
-        standin::script().translations[words[1]].emplace_back(entry.name, entry.text());
+        standin::state().translations[words[1]].emplace_back(entry.name, entry.text());
     } else if (verb == "file") {
         writeFile(words.at(1), line.substr(line.find(words[2])) + '\n');
     } else if (verb == "environment") {

@@ -1,15 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// What the functions of the stand-in share: the state behind standin.h and the recording of one call.
+// The recording of one call, which the functions of the stand-in share.
 #ifndef VELRZM_TESTS_STANDIN_CALL_RECORDER_H
 #define VELRZM_TESTS_STANDIN_CALL_RECORDER_H
 
 #include <cstddef>
-#include <deque>
-#include <functional>
-#include <map>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,19 +13,6 @@
 
 #include "tests/standin/memory.h"
 #include "tests/standin/standin.h"
-
-namespace standin {
-
-/** What every handle of the stand-in points at. It stays in memory until the reset, so that a late use is
- * told. */
-struct Handle {
-    enum class State { Live, Destroyed, DestroyRefused };
-    std::string name;
-    State state = State::Live;
-    Record record; // empty unless read from a list
-};
-
-} // namespace standin
 
 struct QV_Object : standin::Handle {
     static constexpr const char* kind = "obj";
@@ -43,36 +26,6 @@ struct QV_Report : standin::Handle {
 
 namespace standin {
 
-struct State {
-    std::vector<Call> calls;
-    std::function<void(const Call&)> observer;
-    Script script;
-
-    bool lastCallFailed = false;
-    std::vector<Message> messages;
-
-    std::vector<std::shared_ptr<Handle>> handles;
-    std::map<std::string, int> handlesOfKind;
-    std::deque<std::string> handedOut; // texts of the current call; the next call takes them back
-    std::string violations;
-
-    void violation(const std::string& text) { violations += text + '\n'; }
-    /** Element `index`; none, and a violation, when there is no such one. */
-    template <class Element>
-    const Element* elementAt(const std::vector<Element>& all, int index, const std::string& function)
-    {
-        if (index >= 0 && index < static_cast<int>(all.size())) {
-            return &all[static_cast<std::size_t>(index)];
-        }
-        violation(function + ": nothing at " + std::to_string(index));
-        return nullptr;
-    }
-    /** A copy that lives until the next call, so that a text that was not copied at once is found out. */
-    const char* handOut(const std::optional<std::string>& text);
-};
-
-State& state();
-
 /** A handle variable whose handle a call destroys. */
 template <class Kind>
 struct Destroyed {
@@ -84,73 +37,99 @@ Destroyed(Kind**) -> Destroyed<Kind>;
 /** Records one call: made first in every function, told the arguments in order, asked for the code last. */
 class CallRecorder {
 public:
-    explicit CallRecorder(const char* function);
+    explicit CallRecorder(const char* function)
+    {
+        call_.function = function;
+        state().handedOut.clear();
+        auto& answers = state().answers;
+        const auto byNumber = answers.find(std::to_string(state().calls.size() + 1));
+        answer_ = byNumber != answers.end() ? byNumber->second : answers[function];
+    }
 
     bool succeeds() const { return answer_.code >= 0; }
-    void add(const char* text);
     void add(int number) { call_.arguments.push_back(std::to_string(number)); }
+    void add(const char* text)
+    {
+        expect(text != nullptr, "null text passed");
+        call_.arguments.push_back(text == nullptr ? "null" : '"' + std::string(text) + '"');
+    }
     /** A handle that must be live. */
-    void add(const Handle* handle);
+    void add(const Handle* handle)
+    {
+        const Handle* const known = state().find(handle);
+        call_.arguments.push_back(known != nullptr ? known->name : "unknown");
+        expect(known != nullptr, "null or unknown handle used");
+        expect(known == nullptr || known->state != Handle::State::Destroyed, "dead handle used");
+    }
     /** A handle variable that the call fills. */
     template <class Kind>
-    void add(Kind** variable);
+    void add(Kind** variable)
+    {
+        const Handle* const held = state().find(*variable);
+        expect(held == nullptr || held->state != Handle::State::Live, "live handle overwritten");
+        *variable = nullptr;
+        const HandOver when = state().handOvers[call_.function];
+        if (when == HandOver::Always || (when == HandOver::OnSuccess && succeeds())) {
+            const auto made = std::make_shared<Kind>();
+            made->name = Kind::kind + std::to_string(++state().handlesOfKind[Kind::kind]);
+            state().handles.push_back(made);
+            *variable = made.get();
+        }
+        call_.arguments.push_back(nameOf(*variable));
+    }
     template <class Kind>
-    void add(Destroyed<Kind> destroyed);
+    void add(Destroyed<Kind> destroyed)
+    {
+        Handle* const held = state().find(*destroyed.variable);
+        if (*destroyed.variable == nullptr) {
+            call_.arguments.emplace_back("null");
+            return;
+        }
+        add(*destroyed.variable);
+        if (held != nullptr && held->state != Handle::State::Destroyed) {
+            held->state = succeeds() ? Handle::State::Destroyed : Handle::State::DestroyRefused;
+        }
+        *destroyed.variable = succeeds() ? nullptr : *destroyed.variable;
+    }
     /** What is asked for; when it does not exist, the call fails. */
     template <class Element>
     const Element* elementAt(const std::vector<Element>& all, int index)
     {
-        const Element* const found = state().elementAt(all, index, call_.function);
-        answer_ = found != nullptr ? answer_ : Answer{-1, {{"STANDIN", "not there"}}};
-        return found;
+        if (index >= 0 && index < static_cast<int>(all.size())) {
+            return &all[static_cast<std::size_t>(index)];
+        }
+        expect(false, "nothing at " + std::to_string(index));
+        answer_ = {-1, {{"STANDIN", "not there"}}};
+        return nullptr;
     }
     /** Ends the call; the code to return. */
-    int code();
-
-    static Handle* find(const void* handle);
+    int code()
+    {
+        call_.code = answer_.code;
+        state().calls.push_back(call_);
+        if (state().observer) {
+            state().observer(call_);
+        }
+        // What a failed call handed over may be given back before the failure is reported.
+        if (!succeeds() || call_.function != "QV_Destroy_Object") {
+            state().hasFailed = !succeeds();
+            state().messages = succeeds() ? std::vector<Message>() : answer_.messages;
+        }
+        return answer_.code;
+    }
 
 private:
-    void violation(const std::string& what) const { state().violation(call_.function + ": " + what); }
-    bool handsOver() const;
+    void expect(bool isSo, const std::string& otherwise) const
+    {
+        if (!isSo) {
+            state().violation(Call(call_).line() + ": " + otherwise);
+        }
+    }
 
     AmpleMemory ample_;
     Call call_;
     Answer answer_;
 };
-
-template <class Kind>
-void CallRecorder::add(Kind** variable)
-{
-    const Handle* const held = find(*variable);
-    if (held != nullptr && held->state == Handle::State::Live) {
-        violation("live handle " + held->name + " overwritten");
-    }
-    *variable = nullptr;
-    if (handsOver()) {
-        const auto made = std::make_shared<Kind>();
-        made->name = Kind::kind + std::to_string(++state().handlesOfKind[Kind::kind]);
-        state().handles.push_back(made);
-        *variable = made.get();
-    }
-    call_.arguments.push_back(*variable != nullptr ? (*variable)->name : "null");
-}
-
-template <class Kind>
-void CallRecorder::add(Destroyed<Kind> destroyed)
-{
-    Kind** const variable = destroyed.variable;
-    if (*variable == nullptr) {
-        call_.arguments.emplace_back("null");
-        return;
-    }
-    add(*variable);
-    if (Handle* const held = find(*variable); held != nullptr && held->state != Handle::State::Destroyed) {
-        held->state = succeeds() ? Handle::State::Destroyed : Handle::State::DestroyRefused;
-    }
-    if (succeeds()) {
-        *variable = nullptr;
-    }
-}
 
 } // namespace standin
 

@@ -5,7 +5,6 @@
 
 using standin::CallRecorder;
 using standin::Destroyed;
-using standin::script;
 using standin::state;
 
 namespace {
@@ -28,12 +27,16 @@ int sizeOf(const char* function, Subject subject, std::size_t count, int* size)
     return call.code();
 }
 
-/** Message `index` of the last call; an empty one, and a violation, when there is none. */
-const char* message(const char* function, int index, std::optional<std::string> standin::Message::*part)
+/** A part of message `index` of the last call; an empty text, and a violation, when there is none. */
+const char* message(int index, std::optional<std::string> standin::Message::*part)
 {
     const standin::AmpleMemory ample;
-    const standin::Message* const found = state().elementAt(state().messages, index, function);
-    return state().handOut(found != nullptr ? found->*part : "");
+    const auto& messages = state().messages;
+    if (index >= 0 && index < static_cast<int>(messages.size())) {
+        return state().handOut(messages[static_cast<std::size_t>(index)].*part);
+    }
+    state().violation("no message " + std::to_string(index));
+    return "";
 }
 
 } // namespace
@@ -93,20 +96,20 @@ int QV_Logon(const char* user, const char* password, char* reserved1, char* rese
 
 int QV_Error_Size()
 {
-    if (!state().lastCallFailed) {
+    if (!state().hasFailed) {
         state().violation("QV_Error_Size: the last call did not fail");
     }
-    return script().errorSize.value_or(static_cast<int>(state().messages.size()));
+    return state().errorSize.value_or(static_cast<int>(state().messages.size()));
 }
 
 const char* QV_Error_MsgCode(int index)
 {
-    return message(__func__, index, &standin::Message::code);
+    return message(index, &standin::Message::code);
 }
 
 const char* QV_Error_MsgTxt(int index)
 {
-    return message(__func__, index, &standin::Message::text);
+    return message(index, &standin::Message::text);
 }
 
 int QV_Get_Object_Attr(QV_ObjectHandle object, const char* path, const char** value)
@@ -116,7 +119,7 @@ int QV_Get_Object_Attr(QV_ObjectHandle object, const char* path, const char** va
     call.add(path);
     if (call.succeeds()) {
         const bool isOfRecord = object != nullptr && object->record.count(path) > 0;
-        const standin::Record& source = isOfRecord ? object->record : script().values;
+        const standin::Record& source = isOfRecord ? object->record : state().values;
         const auto found = source.find(path);
         *value = state().handOut(found == source.end() ? std::string() : found->second);
     }
@@ -125,7 +128,7 @@ int QV_Get_Object_Attr(QV_ObjectHandle object, const char* path, const char** va
 
 int QV_SizeOf_List(QV_ListHandle list, int* size)
 {
-    return sizeOf(__func__, list, script().records.size(), size);
+    return sizeOf(__func__, list, state().records.size(), size);
 }
 
 int QV_Read_List(QV_ListHandle list, int index, QV_ObjectHandle* record)
@@ -133,7 +136,7 @@ int QV_Read_List(QV_ListHandle list, int index, QV_ObjectHandle* record)
     CallRecorder call(__func__);
     call.add(list);
     call.add(index);
-    const standin::Record* const found = call.elementAt(script().records, index);
+    const standin::Record* const found = call.elementAt(state().records, index);
     call.add(record);
     if (*record != nullptr && found != nullptr) {
         (*record)->record = *found;
@@ -143,7 +146,7 @@ int QV_Read_List(QV_ListHandle list, int index, QV_ObjectHandle* record)
 
 int QV_SizeOf_Xlat(const char* tableName, int* size)
 {
-    return sizeOf(__func__, tableName, script().translations[tableName].size(), size);
+    return sizeOf(__func__, tableName, state().translations[tableName].size(), size);
 }
 
 int QV_Read_Xlat(const char* tableName, int index, const char** from, const char** to)
@@ -151,7 +154,7 @@ int QV_Read_Xlat(const char* tableName, int index, const char** from, const char
     CallRecorder call(__func__);
     call.add(tableName);
     call.add(index);
-    const auto* const entry = call.elementAt(script().translations[tableName], index);
+    const auto* const entry = call.elementAt(state().translations[tableName], index);
     if (entry != nullptr && call.succeeds()) {
         *from = state().handOut(entry->first);
         *to = state().handOut(entry->second);
