@@ -80,73 +80,51 @@ std::vector<Exported> exportedOperations()
     return all;
 }
 
-/** Has calls fail whose reports need memory. */
+/** There is a list and a multi-save, and calls fail whose reports need memory. */
 void failCalls()
 {
-    standin::answer("QV_Logoff", -7, {{longText, longText}});
-    standin::answer("QV_Destroy_List", -7, {{longText, longText}});
-    standin::answer("QV_Start_Multisave", -7, {{longText, longText}});
-    standin::answer("QV_Commit_Multisave", -7, {{longText, longText}});
+    captureOutput([] { AffectedItemQuery(Text("1"), Names({"id"})); });
+    MultiSaveStarted = 1;
+    for (const char* const function :
+         {"QV_Destroy_List", "QV_Start_Multisave", "QV_Commit_Multisave", "QV_Logoff"}) {
+        standin::answer(function, -7, {{longText, longText}});
+    }
+}
+
+void connectWithALongPath()
+{
+    std::fclose(std::exchange(QVL_Log_File, nullptr));
+    setenv("QVL_LOG_FILE", longText.c_str(), 1); // the fixture takes it back
+    QVL_Log_FirstTime = 1;
+    UserLoggedOn = 0;
+}
+
+int readPrintList()
+{
+    static const VELUnicodeString file = "parts.txt";
+    QV_PrintList::Close();
+    QV_PrintList::Open(file);
+    return QV_PrintList::Next() + _AttrNames.Size() + _AttrValues.Size();
 }
 
 std::vector<Exported> otherFunctions()
 {
-    static const VELUnicodeString file = "parts.txt";
-    const auto query = [] { captureOutput([] { AffectedItemQuery(Text("1"), Names({"id"})); }); };
-    const auto print = [] {
-        writeFile("parts.txt", "\n- of 1\nQV_Object[1]\n\n- [a] = [b]\n- [c] = [d]\n\n");
+    static Text text(longText);
+    const auto writer = [](const char* name, void (*use)()) {
+        return Exported{name, [] {}, [=] { return use(), 0; }, 0, true};
     };
-    const auto nothing = [] {};
     return {
-        {"QV_PrintList", print,
-         [] {
-             QV_PrintList::Close();
-             QV_PrintList::Open(file);
-             return QV_PrintList::Next() + _AttrNames.Size() + _AttrValues.Size();
-         }},
+        {"QV_PrintList",
+         [] { writeFile("parts.txt", "\n- of 1\nQV_Object[1]\n\n- [a] = [b]\n- [c] = [d]\n\n"); },
+         readPrintList},
         {"MultiSaveStart", failCalls, MultiSaveStart},
-        {"MultiSaveCommit", failCalls,
-         [] {
-             MultiSaveStarted = 1;
-             return MultiSaveCommit() + MultiSaveStarted;
-         }},
-        {"DestroyListOrReport",
-         [=] {
-             query();
-             failCalls();
-         },
-         DestroyListOrReport, 1},
-        {"QvConnect",
-         [] {
-             std::fclose(std::exchange(QVL_Log_File, nullptr));
-             setenv("QVL_LOG_FILE", longText.c_str(), 1); // the fixture takes it back
-         },
-         [] {
-             QVL_Log_FirstTime = 1;
-             UserLoggedOn = 0;
-             return QvConnect("jdoe", "secret");
-         }},
+        {"MultiSaveCommit", failCalls, [] { return MultiSaveCommit() + MultiSaveStarted; }},
+        {"DestroyListOrReport", failCalls, DestroyListOrReport, 1},
         {"QvExit", failCalls, QvExit, 1},
-        {"QVL_Log", nothing,
-         [] {
-             QV_RC = 3;
-             QVL_Log(Text("a"), const_cast<char*>(longText.c_str()));
-             return 0;
-         },
-         0, true},
-        {"DisplayError", nothing,
-         [] {
-             QV_RC = 3;
-             DisplayError("Import", longText.c_str());
-             return 0;
-         },
-         0, true},
-        {"Process_QV_RC", nothing,
-         [] {
-             QV_RC = 3;
-             return Process_QV_RC(Text("a"), Text("b"), Text("c"), const_cast<char*>(longText.c_str()), 1);
-         },
-         0, true},
+        {"QvConnect", connectWithALongPath, [] { return QvConnect("jdoe", "secret"); }},
+        writer("QVL_Log", [] { QVL_Log(text, text); }),
+        writer("DisplayError", [] { DisplayError("Import", text); }),
+        writer("Process_QV_RC", [] { Process_QV_RC(text, text, text, text, 0); }),
     };
 }
 
@@ -173,6 +151,7 @@ protected:
         restart();
         connect(level);
         GetParam().prepare();
+        QV_RC = 3;
     }
 };
 
@@ -200,9 +179,7 @@ TEST_P(Edge, MemoryThatRunsOutIsReportedAndAFailure)
     int allocations = 0;
     for (; ranOut; ++allocations) {
         SCOPED_TRACE("after " + std::to_string(allocations) + " allocations");
-        if (QVL_ErrLog_File == nullptr || allocations == 0) {
-            start(9);
-        }
+        start(9);
         const std::size_t size = readFile("QVL_LOG_ERROR").size();
         int given = 0;
         const std::string output = captureOutput([&] {

@@ -36,7 +36,7 @@ decltype(auto) nextArgument(Inputs& in, int& lists)
 
 /** A function that takes inputs and buffers, and changes `watched` beside what every story tells. */
 template <class... Parameters>
-Run use(int (*function)(Parameters...), std::vector<const int*> watched = {})
+Run use(int (*function)(Parameters...), const std::vector<const int*>& watched = {})
 {
     return [=](Inputs& in) {
         [[maybe_unused]] int lists = (0 + ... + (std::is_same_v<Parameters, List&> ? 1 : 0));

@@ -125,6 +125,7 @@ class Interface(unittest.TestCase):
         self.assertEqual(value.value, b"")  # callers may look at it whatever the code
         self.assertEqual(code_of("Set_Object_Attr", [record, b"id", b"x"]), BAD_HANDLE)
         self.assertEqual(code_of("CheckIn_Doc", [self.handles["document"], 1]), BAD_ARGUMENT)  # no such option
+        self.assertEqual(code_of("Create_Report", self.arguments("Create_Report")), BAD_ARGUMENT)  # nor such a report
 
     def test_clauses_put_together_at_random_are_answered(self):
         pieces = "& = LIKE OR AND <= ( ) , ' @ 1 - 9.5 name % _ ec ') &OR(&=( &=( id ;-- \"x ai_obj".encode().split()
