@@ -53,13 +53,6 @@ protected:
         }
         return text;
     }
-    /** The names of an object that has these lines, "=", and its values, as its file order has them. */
-    static std::string objectOf(const std::string& attributeLines)
-    {
-        EXPECT_EQ(openText("\na b 1\nQV_Object[X]\n\n" + attributeLines), 1);
-        EXPECT_EQ(QV_PrintList::Next(), 1);
-        return join(_AttrNames) + '=' + join(_AttrValues);
-    }
 
 private:
     TemporaryDirectory directory_;
@@ -118,64 +111,26 @@ TEST_F(PrintList, AFileThatCannotBeOpenedLeavesTheRestAsItWas)
 
 TEST_F(PrintList, TheCountIsTheThirdWordOfTheSecondLine)
 {
-    const std::pair<const char*, int> cases[] = {{"5 5 5\na b 12 13\n", 12},
-                                                 {"\n   a   b   3\n", 3},
-                                                 {"\na\tb c 4", 4},
-                                                 {"\na b 7more\n", 7},
-                                                 {"\na b many\n", 0},
-                                                 {"\na 5\n", 0},
-                                                 {"\na\n", 0},
-                                                 {"\n\n", 0},
-                                                 {"\n", 0},
-                                                 {"a b 5", 0},
-                                                 {"", 0}};
+    const std::pair<std::string, int> cases[] = {
+        {"5 5 5\na b 12 13\n", 12},
+        {"\n   a   b   3\n", 3},
+        {"\na\tb c 4", 4},
+        {"\na b 7more\n", 7},
+        {"\na b many\n", 0},
+        {"\na 5\n", 0},
+        {"\na\n", 0},
+        {"\n\n", 0},
+        {"\n", 0},
+        {"a b 5", 0},
+        {"", 0},
+        {std::string(254, 'x') + "\na b 5\n", 5},
+        {std::string(255, 'x') + "\na b 5\n", 0}, // the line feed is a piece
+        {std::string(255, 'x') + "a b 5\n", 5}};
     for (const auto& [text, count] : cases) {
         EXPECT_EQ(openText(text), count) << text;
         EXPECT_EQ(QV_PrintList::Size(), count);
         EXPECT_EQ(QV_PrintList::Exists(), 1);
     }
-}
-
-TEST_F(PrintList, WhatIsMissingInAnObjectIsEmpty)
-{
-    EXPECT_EQ(objectOf("x [a] = []\nx [b] = [] \nx [c] = [x]\n\n"), "a;b;c;=;;x;");
-    EXPECT_EQ(objectOf("x [a] = [\nx [b] = [x\n\n"), "a;b;=;x;");
-    EXPECT_EQ(objectOf("x [] = [x]\n] = [\n[a] = [\n\n"), ";=;=;=x;;;");
-    EXPECT_EQ(objectOf("x\t[a] = [x] y\n\n"), "=;=y;") << "a tab does not separate";
-    EXPECT_EQ(objectOf("x [a] = [x]\r\nx [b] = []\r\n\r\n"), "a;b;=x;;") << "a carriage return separates";
-    EXPECT_EQ(objectOf("x [a] = [[x]y]\nx [b] = [][y]\nx [c] = [last]"), "a;b;c;=x;y;last;");
-
-    EXPECT_EQ(openText("\na b 2\nQV_Object[\n\nx [a] = [1]\nx [b] = [2]\n\nQV_Object[\n\nx [a] = [3]\n\n"),
-              2);
-    QV_PrintList::Next();
-    QV_PrintList::Next();
-    EXPECT_EQ(value("a") + value("b"), "3") << "a shorter object has no value for the last names";
-}
-
-TEST_F(PrintList, ABlockEndsWithTheFirstOtherLine)
-{
-    EXPECT_EQ(objectOf("x [a] = [1]\nx [b] =[2]\nx [c] = [3]\n"), "a;=1;");
-    // The closing line is used up, so a header that stands there is not seen.
-    EXPECT_EQ(openText("\na b 2\nQV_Object[\n\nx [a] = [1]\nQV_Object[\n\nx [a] = [2]\n"), 2);
-    QV_PrintList::Next();
-    EXPECT_EQ(value("a"), "1");
-    QV_PrintList::Next();
-    EXPECT_EQ(value("a"), "");
-}
-
-TEST_F(PrintList, ALongLineIsReadInPiecesOf255Characters)
-{
-    EXPECT_EQ(sizeof buf, 256U);
-    EXPECT_EQ(bufsize, 256);
-    // "attribute [a] = [" takes 17 characters.
-    EXPECT_EQ(objectOf("attribute [a] = [" + std::string(236, 'x') + "]\nattribute [b] = [y]\n"),
-              "a;b;=" + std::string(236, 'x') + ";y;");
-    EXPECT_EQ(objectOf("attribute [a] = [" + std::string(300, 'x') + "]\nattribute [b] = [y]\n"),
-              "a;=" + std::string(238, 'x') + ';')
-        << "the rest of the line ends the block";
-    EXPECT_EQ(openText(std::string(254, 'x') + "\na b 5\n"), 5);
-    EXPECT_EQ(openText(std::string(255, 'x') + "\na b 5\n"), 0) << "the second piece is the line feed";
-    EXPECT_EQ(openText(std::string(255, 'x') + "a b 5\n"), 5);
     for (const int size : {1000, 0, -1}) { // neither too much nor nothing is read
         bufsize = size;
         EXPECT_EQ(openText("\na b 5\n"), size == 1000 ? 5 : 0);
@@ -183,21 +138,44 @@ TEST_F(PrintList, ALongLineIsReadInPiecesOf255Characters)
     bufsize = sizeof buf;
 }
 
+TEST_F(PrintList, AnObjectIsABlockOfLinesInPiecesOf255Characters)
+{
+    EXPECT_EQ(sizeof buf, 256U);
+    EXPECT_EQ(bufsize, 256);
+    const std::string fitting(236, 'x'); // behind the 17 characters of "attribute [a] = ["
+    const std::pair<std::string, std::string> cases[] = {
+        {"x [a] = []\nx [b] = [] \nx [c] = [x]\n\n", "a;b;c;=;;x;"},
+        {"x [a] = [\nx [b] = [x\n\n", "a;b;=;x;"},
+        {"x [] = [x]\n] = [\n[a] = [\n\n", ";=;=;=x;;;"},
+        {"x\t[a] = [x] y\n\n", "=;=y;"},                   // a tab does not separate
+        {"x [a] = [x]\r\nx [b] = []\r\n\r\n", "a;b;=x;;"}, // a carriage return does
+        {"x [a] = [[x]y]\nx [b] = [][y]\nx [c] = [last]", "a;b;c;=x;y;last;"},
+        {"x [a] = [1]\nx [b] =[2]\nx [c] = [3]\n", "a;=1;"}, // the block ends with the first other line
+        {"attribute [a] = [" + fitting + "]\nattribute [b] = [y]\n", "a;b;=" + fitting + ";y;"},
+        {"attribute [a] = [" + fitting + "xxxx]\nattribute [b] = [y]\n", "a;=" + fitting + "xx;"},
+    };
+    for (const auto& [attributeLines, object] : cases) {
+        EXPECT_EQ(openText("\na b 1\nQV_Object[X]\n\n" + attributeLines), 1);
+        EXPECT_EQ(QV_PrintList::Next(), 1);
+        EXPECT_EQ(join(_AttrNames) + '=' + join(_AttrValues), object) << attributeLines;
+    }
+    const std::tuple<std::string, std::string> seconds[] = {
+        {"x [a] = [1]\nx [b] = [2]\n\nQV_Object[\n\nx [a] = [3]\n\n", "3"}, // nothing for the last name
+        {"x [a] = [1]\nQV_Object[\n\nx [a] = [2]\n", ""}, // the line that ends a block is used up
+    };
+    for (const auto& [text, second] : seconds) {
+        EXPECT_EQ(openText("\na b 2\nQV_Object[\n\n" + text), 2);
+        QV_PrintList::Next();
+        EXPECT_EQ(value("a"), "1");
+        QV_PrintList::Next();
+        EXPECT_EQ(value("a") + value("b"), second);
+    }
+}
+
 TEST_F(PrintList, AnyBytesGiveWordsWithoutSeparators)
 {
-    const std::vector<std::string> pieces{"QV_Object[",
-                                          "] = [",
-                                          "[",
-                                          "]",
-                                          " ",
-                                          "\r\n",
-                                          "x",
-                                          "1 2 3\n",
-                                          "a [b] = [c]\n",
-                                          std::string(1, '\0'),
-                                          "\xff",
-                                          twoObjects,
-                                          std::string(254, 'l')};
+    std::vector<std::string> pieces = split("QV_Object[;] = [;[;]; ;\r\n;x;1 2 3\n;a [b] = [c]\n;\xff", ";");
+    pieces.insert(pieces.end(), {twoObjects, std::string(1, '\0'), std::string(254, 'l')});
     std::mt19937 random(20240229); // NOLINT(cert-msc32-c,cert-msc51-cpp): the same bytes every time
     std::size_t words = 0;
     for (int round = 0; round < 300; ++round) {
