@@ -13,28 +13,20 @@ constexpr const char* localFile = "My_QVL_RZM_DEFAULT";
 
 class Defaults : public LibraryTest {
 protected:
-    /** Reads into lists that held something before. */
-    int use()
+    /** The pairs of an operation as "name=value;" in their order. */
+    static std::string pairs(const char* operation = "ItemCreate")
     {
-        names_ = textList({"left", "over"});
-        values_ = textList({"before"});
-        return DefaultRead("ItemCreate", names_, values_);
-    }
-    /** The pairs of "ItemCreate" as "name=value;" in their order. */
-    std::string pairs()
-    {
-        const int count = use();
-        EXPECT_EQ(count, names_.Size());
-        EXPECT_EQ(count, values_.Size());
+        VELListValVELUnicodeString names;
+        VELListValVELUnicodeString values;
+        const int count = DefaultRead(operation, names, values);
+        EXPECT_EQ(count, names.Size());
+        EXPECT_EQ(count, values.Size());
         std::string text;
-        for (int position = 1; position <= std::min(names_.Size(), values_.Size()); ++position) {
-            text += std::string(names_[position]) + '=' + std::string(values_[position]) + ';';
+        for (int position = 1; position <= std::min(names.Size(), values.Size()); ++position) {
+            text += std::string(names[position]) + '=' + std::string(values[position]) + ';';
         }
         return text;
     }
-
-    VELListValVELUnicodeString names_;
-    VELListValVELUnicodeString values_;
 };
 
 TEST_F(Defaults, AnEntryIsTheThreeWordsBeforeAComment)
@@ -67,6 +59,7 @@ TEST_F(Defaults, AnEntryIsTheThreeWordsBeforeAComment)
     std::filesystem::create_directory(localFile);
     writeFile(sharedFile, "ItemCreate a 1\n");
     EXPECT_EQ(pairs(), "a=1;") << "a file that cannot be read is skipped";
+    EXPECT_EQ(pairs(nullptr) + pairs(std::string(10000, 'o').c_str()), "");
 }
 
 TEST_F(Defaults, TheLocalFileReplacesTheFirstPairOfANameOrAddsOne)
@@ -105,10 +98,7 @@ TEST_F(Defaults, ALineIsReadInPiecesOf63CharactersAndAnEntryThatIsCutIsWarnedOf)
     connect();
     for (const auto& [line, expected, isCut] : cases) {
         writeFile(sharedFile, "\n" + line + "\nItemCreate b 2\n");
-        const Outcome outcome = record([this, &expected = expected] {
-            EXPECT_EQ(pairs(), expected);
-            return 0;
-        });
+        const Outcome outcome = record([&expected = expected] { EXPECT_EQ(pairs(), expected); });
         const std::string warning =
             " ****** WARNING ****** an entry of ItemCreate is cut to the first 63 characters of "
             "its line: ./QVL_RZM_DEFAULT, line 2";
@@ -125,13 +115,13 @@ TEST_F(Defaults, TheDirectoryOfTheSharedFileComesFromTheEnvironmentAtEachCall)
     writeFile("site/My_QVL_RZM_DEFAULT", "ItemCreate c wrong\n");
     writeFile(sharedFile, "ItemCreate a here\nItemCreate b here\n");
     setEnvironment("RZM_DEFAULT_DIRECTORY", "site");
-    const std::string told = captureOutput([this] { EXPECT_EQ(pairs(), "a=site;"); });
+    const std::string told = captureOutput([] { EXPECT_EQ(pairs(), "a=site;"); });
     EXPECT_EQ(countLines(told, "DefaultRead- Reading defaults from site/QVL_RZM_DEFAULT."), 1);
     EXPECT_EQ(countLines(told, "Reading"), 1) << "there is no local file";
     setEnvironment("RZM_DEFAULT_DIRECTORY", "");
-    captureOutput([this] { EXPECT_EQ(pairs(), ""); });
+    captureOutput([] { EXPECT_EQ(pairs(), ""); });
     setEnvironment("RZM_DEFAULT_DIRECTORY", std::nullopt);
-    captureOutput([this] { EXPECT_EQ(pairs(), "a=here;b=here;"); });
+    captureOutput([] { EXPECT_EQ(pairs(), "a=here;b=here;"); });
 }
 
 TEST_F(Defaults, ADirectoryThatIsTooLongIsSkippedWithAWarning)
@@ -149,24 +139,10 @@ TEST_F(Defaults, ADirectoryThatIsTooLongIsSkippedWithAWarning)
     EXPECT_EQ(pairs(), "a=shared;b=local;");
     for (const std::string& tooLong : {directory + '/', std::string(10000, 'd')}) {
         setEnvironment("RZM_DEFAULT_DIRECTORY", tooLong);
-        const Outcome outcome = record([this] {
-            EXPECT_EQ(pairs(), "b=local;");
-            return 0;
-        });
+        const Outcome outcome = record([] { EXPECT_EQ(pairs(), "b=local;"); });
         EXPECT_EQ(countLines(outcome.output, "DefaultRead- ****** WARNING ****** "), 1);
         EXPECT_EQ(countLines(outcome.output + outcome.accessLog), 2);
     }
-}
-
-TEST_F(Defaults, TheOperationMayStandInAListThatIsEmptiedAndHaveAnyName)
-{
-    writeFile(sharedFile, "ItemCreate site A\n");
-    names_ = textList({"ItemCreate"});
-    EXPECT_EQ(DefaultRead(names_[1], names_, values_), 1);
-    values_ = textList({"ItemCreate"});
-    EXPECT_EQ(DefaultRead(values_[1], names_, values_), 1);
-    EXPECT_EQ(DefaultRead(VELUnicodeString(), names_, values_), 0);
-    EXPECT_EQ(DefaultRead(std::string(10000, 'o').c_str(), names_, values_), 0);
 }
 
 } // namespace

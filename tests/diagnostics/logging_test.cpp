@@ -12,21 +12,12 @@ using namespace harness;
 
 namespace {
 
-class Logging : public LibraryTest {
-protected:
-    static Outcome log(const std::function<void()>& use)
-    {
-        return record([&] {
-            use();
-            return 0;
-        });
-    }
-};
+using Logging = LibraryTest;
 
 TEST_F(Logging, JoinsOneToSixTextsWithSingleBlanksWhateverTheLevel)
 {
     connect(-1);
-    const auto outcome = log([] {
+    const auto outcome = record([] {
         QVL_Log(Text("a"));
         QVL_Log(Text("a"), Text("b"));
         QVL_Log(Text("a"), Text("b"), Text("c"));
@@ -47,17 +38,17 @@ TEST_F(Logging, WritesLongTextsWhole)
     for (const std::size_t size : std::initializer_list<std::size_t>{
              1021, 1022, 1023, 1024, 10000}) { // about what a line holds by itself
         const std::string text(size, 'x');
-        EXPECT_EQ(log([&] { QVL_Log(Text("a"), Text(text)); }).accessLog, "a " + text + '\n');
+        EXPECT_EQ(record([&] { QVL_Log(Text("a"), Text(text)); }).accessLog, "a " + text + '\n');
     }
 }
 
 TEST_F(Logging, DoesNothingWhileTheAccessLogIsClosed)
 {
     const auto logSomething = [] { QVL_Log(Text("a"), nullptr); };
-    EXPECT_EQ(log(logSomething).story, log([] {}).story);
+    EXPECT_EQ(record(logSomething).story, record([] {}).story);
     connect();
     captureOutput([] { QvExit(); });
-    EXPECT_EQ(log(logSomething).story, log([] {}).story);
+    EXPECT_EQ(record(logSomething).story, record([] {}).story);
 }
 
 TEST_F(Logging, WithoutAnAccessLogCallsAreTracedAllTheSame)

@@ -27,10 +27,7 @@ protected:
     }
     static Outcome display(const char* function, const char* text)
     {
-        return record([=] {
-            DisplayError(function, text);
-            return 0;
-        });
+        return record([=] { DisplayError(function, text); });
     }
 };
 
@@ -117,10 +114,7 @@ TEST_F(ReturnCodes, DisplayErrorWritesTheBlockAndTheLastErrorWhereTheEnvironment
     EXPECT_EQ(two.errorLog, errorBlock("Import", "File is empty"));
     EXPECT_EQ(lastError(), "File is empty\n");
     setEnvironment("QVL_LAST_ERROR", "elsewhere");
-    const Outcome three = record([] {
-        DisplayError("Export", "Disk is full", "Make room");
-        return 0;
-    });
+    const Outcome three = record([] { DisplayError("Export", "Disk is full", "Make room"); });
     EXPECT_EQ(three.errorLog, errorBlock("Export", "Disk is full"));
     EXPECT_EQ(readFile("elsewhere"), "Disk is full\n");
     EXPECT_EQ(lastError(), "File is empty\n");

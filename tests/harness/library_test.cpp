@@ -67,7 +67,7 @@ void LibraryTest::connect(int level)
     standin::state().calls.clear();
 }
 
-Outcome LibraryTest::record(const std::function<int()>& use)
+Outcome LibraryTest::recordCalls(const std::function<int()>& use)
 {
     standin::state().calls.clear();
     return recordStory(use, accessLogPath, errorLogPath);

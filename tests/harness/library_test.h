@@ -9,6 +9,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <type_traits>
 
 #include <gtest/gtest.h>
 #include <velrzm/velrzm.h>
@@ -37,10 +38,21 @@ protected:
      */
     void connect(int level = 0);
     /** Runs `use` and gathers what it did; calls are counted afresh. */
-    static Outcome record(const std::function<int()>& use);
+    template <class Use>
+    static Outcome record(const Use& use)
+    {
+        return recordCalls([&] {
+            if constexpr (std::is_void_v<decltype(use())>) {
+                return use(), 0;
+            } else {
+                return use();
+            }
+        });
+    }
     static std::string lastError() { return readFile("QVL_LAST_ERROR"); }
 
 private:
+    static Outcome recordCalls(const std::function<int()>& use);
     void startProcess();
     void endProcess();
 
