@@ -42,14 +42,13 @@ TEST_F(Connection, TheFilesAreWhereTheEnvironmentSaysAndAreEmptiedFirst)
     }
     setEnvironment("QVL_LOG_ERROR", "errors");
     setEnvironment("QVL_LAST_ERROR", "last");
-    EXPECT_EQ(record(logOn).output, lines(R"(
-LogFile=
+    EXPECT_EQ(record(logOn).output, R"(LogFile=
 Opening Error LogFile errors
 RZM 424.1 / QV 340.
 QvConnect --- Connecting to Quorvanemaster: trying .....
 QvConnect --- Loging as user jdoe: trying .....
 QvConnect --- ... done!.
-)"));
+)");
     EXPECT_EQ(QVL_Log_File, nullptr) << "there is no access log without a path";
     EXPECT_EQ(QVL_Log_FirstTime, 0);
     EXPECT_EQ(countLines(readFile("errors")), 5);

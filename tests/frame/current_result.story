@@ -109,7 +109,7 @@ log @ ****** ERROR ****** Invalid QV_ObjPtr handle ******
 
 == GetValueWhoseRecordIsHandedOverAllTheSame
 record id=EC-0
-hands over QV_Read_List
+hands QV_Read_List
 answer QV_Read_List -7 E1 - Stale
 after AffectedItemQuery 1=1 | [id, desc] 50
 use GetValue RecNo=0 | Name=id

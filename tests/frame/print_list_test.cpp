@@ -12,8 +12,7 @@ using namespace harness;
 
 namespace {
 
-const std::string twoObjects = lines(R"(
-Print list of items
+const std::string twoObjects = R"(Print list of items
 Number of_objects: 2 found
 
 some text before the first object
@@ -29,7 +28,7 @@ QV_Object[ItemEngineeringData]
    attribute [desc] = [Washer]
    attribute [later] = [7]
 
-)");
+)";
 
 class PrintList : public ::testing::Test {
 protected:

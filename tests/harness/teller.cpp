@@ -34,15 +34,6 @@ Lines quotedTexts(const std::string& text)
     return found;
 }
 
-/** Cuts off the text up to `separator`, and the separator. */
-std::string cutHead(std::string& text, const std::string& separator)
-{
-    const std::size_t end = std::min(text.find(separator), text.size());
-    std::string head = text.substr(0, end);
-    text.erase(0, end + separator.size());
-    return head;
-}
-
 /** `49 ARGUMENT=VALUE CLAUSE`: the clause with the value in place of its "...", or the refusal of a longer value. */
 Lines condition(std::string text, bool isAdded)
 {

@@ -3,51 +3,21 @@
 
 #include <algorithm>
 #include <sstream>
-#include <stdexcept>
 
 namespace harness {
-
-VELListValVELUnicodeString textList(std::initializer_list<const char*> texts)
-{
-    VELListValVELUnicodeString list;
-    for (const char* const text : texts) {
-        list.Append(text);
-    }
-    return list;
-}
-
-VELListValVELUnicodeString textList(const std::vector<std::string>& texts)
-{
-    VELListValVELUnicodeString list;
-    for (const std::string& text : texts) {
-        list.Append(text.c_str());
-    }
-    return list;
-}
-
-std::vector<std::string> numberedNames(const std::string& prefix, int count)
-{
-    std::vector<std::string> names;
-    for (int number = 1; number <= count; ++number) {
-        names.push_back(prefix + std::to_string(number));
-    }
-    return names;
-}
-
-std::string lines(const std::string& raw)
-{
-    if (raw.empty() || raw.front() != '\n') {
-        throw std::invalid_argument("an expected text begins on a line of its own");
-    }
-    std::string text = raw.substr(1);
-    replaceAll(text, R"(\t)", "\t");
-    return text;
-}
 
 std::string errorBlock(const std::string& function, const std::string& text)
 {
     return "Function " + function + " generated the following error:\n" + text + '\n' + std::string(69, '-') +
            '\n';
+}
+
+std::string cutHead(std::string& text, const std::string& separator)
+{
+    const std::size_t end = std::min(text.find(separator), text.size());
+    std::string head = text.substr(0, end);
+    text.erase(0, end + separator.size());
+    return head;
 }
 
 Lines split(const std::string& text, const std::string& separator)

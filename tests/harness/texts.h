@@ -4,12 +4,9 @@
 #ifndef VELRZM_TESTS_HARNESS_TEXTS_H
 #define VELRZM_TESTS_HARNESS_TEXTS_H
 
-#include <initializer_list>
 #include <string>
 #include <utility>
 #include <vector>
-
-#include <velrzm/vel_types.h>
 
 namespace harness {
 
@@ -47,21 +44,13 @@ private:
     std::vector<char*> pointers_;
 };
 
-/** A list of these texts; a null one stands for a string that was never given a text. */
-VELListValVELUnicodeString textList(std::initializer_list<const char*> texts);
-VELListValVELUnicodeString textList(const std::vector<std::string>& texts);
-
-/** `count` names: prefix1, prefix2, ... */
-std::vector<std::string> numberedNames(const std::string& prefix, int count);
-
-/** An expected text written as a raw string that begins on the line after the opening bracket; a tab is
- * written `\t`. */
-std::string lines(const std::string& raw);
-
 /** The block that a failure adds to the error log. */
 std::string errorBlock(const std::string& function, const std::string& text);
 
 using Lines = std::vector<std::string>;
+
+/** Cuts off the text up to `separator`, and the separator. */
+std::string cutHead(std::string& text, const std::string& separator);
 
 /** The parts of a text between separators; none of an empty text. */
 Lines split(const std::string& text, const std::string& separator);

@@ -171,7 +171,7 @@ part
 
 == DocumentMakeNewRevisionWhoseRecordIsHandedOverAllTheSame
 record db_object_id=4712
-hands over QV_Read_List
+hands QV_Read_List
 answer QV_Read_List -7 E1 - not told
 use DocumentMakeNewRevision 1= | 2=D-1 | 3=a | 4=T | 5=o | [] 50
 part
@@ -197,7 +197,7 @@ log @ ...Document New Revision was  updated
 = 1 FromList=Object entries=1 LastRecNo=-1 QV_RC=0 SelectedAttribute=[] output=[ | ]
 
 == DocumentMakeNewRevisionGivesBackARevisionThatIsRefused
-hands over QV_Make_New_Revision
+hands QV_Make_New_Revision
 answer QV_Make_New_Revision -7 E1 - checked out by jdoe
 use DocumentMakeNewRevision 1= | 2=D-1 | 3=a | 4=T | 5=o | [] 50
 part
@@ -211,7 +211,7 @@ log @- rc(base doc: QV_MakeNewRevision_Doc) = -7
 
 == DocumentMakeNewRevisionGivesBackAnObjectThatIsNotCreated
 record db_object_id=4712
-hands over QV_Create_Object
+hands QV_Create_Object
 answer 29 -7 E1 - refused
 use DocumentMakeNewRevision 1= | 2=D-1 | 3=a | 4=T | 5=o | [] 50
 part

@@ -59,7 +59,9 @@ Run fill(int (*function)(const VELUnicodeString&, Lists...))
 {
     return [function](Inputs& in) {
         std::array<List, sizeof...(Lists)> lists;
-        lists.fill(harness::textList({in.text(false), "older"}));
+        lists.front().Append(in.text(false));
+        lists.front().Append("older");
+        lists.fill(List(lists.front()));
         const List& own = QVL_Traces_Level < 5 ? lists.front() : lists.back();
         const int result = in.make(
             [&] { return std::apply([&](auto&... each) { return function(own[1], each...); }, lists); });
@@ -151,7 +153,9 @@ Inputs::Inputs(const harness::Use& use) : use_(use), lists_(3)
     }
     if (use.selection) {
         names_.emplace(use.selection->names);
-        lists_[2] = harness::textList(use.selection->names);
+        for (const std::string& name : use.selection->names) {
+            lists_[2].Append(name.c_str());
+        }
     }
 }
 

@@ -8,7 +8,6 @@
 #include <map>
 #include <set>
 #include <sstream>
-#include <stdexcept>
 
 #include "tests/operations/operations.h"
 
@@ -18,44 +17,84 @@ namespace operations {
 
 namespace {
 
-constexpr const char* withoutConnection = "without connection";
-
-/** The part of a line behind its verb. */
-std::string afterVerb(const std::string& line)
-{
-    return line.substr(std::min(line.find(' '), line.size() - 1) + 1);
-}
+/** What the lines do that prepare a process, by verb; they are given the text behind it. */
+const std::map<std::string, void (*)(const std::string& text)> preparations = {
+    {"without", [](const std::string& /*text*/) {}}, // see StoryTest::begin
+    {"answer",
+     [](const std::string& text) {
+         const Lines words = split(text, " ");
+         standin::answer(words[0], std::stoi(words.at(1)),
+                         {{words.at(2), text.substr(text.find(" - ") + 3)}});
+     }},
+    {"hands", [](const std::string& text) { standin::state().handOvers[text] = standin::HandOver::Always; }},
+    {"keeps", [](const std::string& text) { standin::state().handOvers[text] = standin::HandOver::Never; }},
+    {"record",
+     [](const std::string& text) {
+         standin::Record& record = standin::state().records.emplace_back();
+         for (const std::string& word : split(text, " ")) {
+             const Named attribute = parseNamed(word);
+             record[attribute.name] = attribute.value;
+         }
+     }},
+    {"value",
+     [](const std::string& text) {
+         const Named attribute = parseNamed(text);
+         standin::state().values[attribute.name] = attribute.value;
+     }},
+    {"translation",
+     [](const std::string& text) {
+         const Lines words = split(text, " ");
+         const Named entry = parseNamed(words.at(1));
+         standin::state().translations[words[0]].emplace_back(entry.name, entry.text());
+     }},
+    {"file",
+     [](const std::string& text) {
+         const std::size_t blank = text.find(' ');
+         writeFile(text.substr(0, blank), text.substr(blank + 1) + '\n');
+     }},
+    {"environment",
+     [](const std::string& text) {
+         const Named variable = parseNamed(text);
+         setenv(variable.name.c_str(), variable.text().c_str(), 1); // the fixture takes it back
+     }},
+    {"after",
+     [](const std::string& text) {
+         Inputs inputs(Use::parse(text));
+         captureOutput([&] { run(inputs); });
+     }},
+};
 
 void addLine(Story& story, const std::string& line)
 {
-    static const std::set<std::string> preparing{"after",       "answer", "entry", "environment",
-                                                 "file",        "hands",  "keeps", "record",
-                                                 "translation", "use",    "value", "without"};
-    const std::vector<std::string> words = split(line, " ");
-    const std::string& verb = words.front();
-    if (story.scenes.empty() || (!story.scenes.back().use.operation.empty() && preparing.count(verb) > 0)) {
+    std::string text = line;
+    const std::string verb = cutHead(text, " ");
+    const bool prepares = verb == "use" || verb == "entry" || preparations.count(verb) > 0;
+    if (story.scenes.empty() || (!story.scenes.back().use.operation.empty() && prepares)) {
         story.scenes.emplace_back();
     }
     Scene& scene = story.scenes.back();
     if (verb == "entry") {
-        std::transform(words.begin() + 2, words.end(), std::back_inserter(scene.use.defaults[words.at(1)]),
-                       parseNamed);
+        auto& defaults = scene.use.defaults[cutHead(text, " ")];
+        const Lines entries = split(text, " ");
+        std::transform(entries.begin(), entries.end(), std::back_inserter(defaults), parseNamed);
     } else if (verb == "use") {
         auto defaults = std::move(scene.use.defaults);
-        scene.use = Use::parse(afterVerb(line));
+        scene.use = Use::parse(text);
         scene.use.defaults = std::move(defaults);
     } else if (verb == "also") {
-        scene.variants.push_back(afterVerb(line));
+        scene.variants.push_back(text);
     } else if (verb == "part") {
         scene.isPart = true;
     } else {
-        (scene.use.operation.empty() ? scene.preparation : scene.lines).push_back(line);
+        (prepares ? scene.preparation : scene.lines).push_back(line);
     }
 }
 
 void addFile(std::vector<Story>& stories, const std::filesystem::path& path)
 {
-    std::istringstream file(lines('\n' + readFile(path)));
+    std::string content = readFile(path);
+    replaceAll(content, R"(\t)", "\t");
+    std::istringstream file(content);
     bool isBegun = false;
     for (std::string line; std::getline(file, line);) {
         for (std::size_t star = line.find('*'); star != std::string::npos; star = line.find('*', star + 1)) {
@@ -65,47 +104,11 @@ void addFile(std::vector<Story>& stories, const std::filesystem::path& path)
             }
         }
         if (line.find("== ") == 0) {
-            stories.push_back({afterVerb(line), {}});
+            stories.push_back({line.substr(3), {}});
             isBegun = true;
         } else if (isBegun && !line.empty()) {
             addLine(stories.back(), line);
         }
-    }
-}
-
-void prepareBy(const std::string& line)
-{
-    const std::vector<std::string> words = split(line, " ");
-    const std::string& verb = words.front();
-    if (verb == "answer") {
-        const std::size_t message = line.find(" - ");
-        standin::answer(words[1], std::stoi(words.at(2)), {{words.at(3), line.substr(message + 3)}});
-    } else if (verb == "hands") {
-        standin::state().handOvers[words.at(2)] = standin::HandOver::Always;
-    } else if (verb == "keeps") {
-        standin::state().handOvers[words.at(1)] = standin::HandOver::Never;
-    } else if (verb == "record") {
-        standin::Record& record = standin::state().records.emplace_back();
-        std::for_each(words.begin() + 1, words.end(), [&](const std::string& word) {
-            const Named attribute = parseNamed(word);
-            record[attribute.name] = attribute.value;
-        });
-    } else if (verb == "value") {
-        const Named attribute = parseNamed(afterVerb(line));
-        standin::state().values[attribute.name] = attribute.value;
-    } else if (verb == "translation") {
-        const Named entry = parseNamed(words.at(2));
-        standin::state().translations[words[1]].emplace_back(entry.name, entry.text());
-    } else if (verb == "file") {
-        writeFile(words.at(1), line.substr(line.find(words[2])) + '\n');
-    } else if (verb == "environment") {
-        const Named variable = parseNamed(afterVerb(line));
-        setenv(variable.name.c_str(), variable.text().c_str(), 1); // the fixture takes it back
-    } else if (verb == "after") {
-        Inputs inputs(Use::parse(afterVerb(line)));
-        captureOutput([&] { run(inputs); });
-    } else if (line != withoutConnection) {
-        throw std::invalid_argument("no line of a story: " + line);
     }
 }
 
@@ -153,8 +156,9 @@ void prepare(const Scene& scene, const Use& use)
         }
     }
     writeFile("QVL_RZM_DEFAULT", entries);
-    std::for_each(scene.preparation.begin(), scene.preparation.end(),
-                  [](const std::string& line) { prepareBy(line); });
+    for (std::string text : scene.preparation) {
+        preparations.at(cutHead(text, " "))(text);
+    }
 }
 
 std::vector<Use> StoryTest::uses()
@@ -182,7 +186,7 @@ void StoryTest::begin(int level)
     restart();
     setLevel(level);
     const Lines& first = GetParam().scenes.front().preparation;
-    if (std::find(first.begin(), first.end(), withoutConnection) == first.end()) {
+    if (first.empty() || first.front() != "without connection") {
         connect(level);
     }
 }

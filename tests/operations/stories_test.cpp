@@ -14,6 +14,16 @@ using operations::StoryTest;
 
 namespace {
 
+/** `count` names: attribute1, attribute2, ... */
+Lines numberedNames(int count)
+{
+    Lines names;
+    for (int number = 1; number <= count; ++number) {
+        names.push_back("attribute" + std::to_string(number));
+    }
+    return names;
+}
+
 TEST_P(StoryTest, IsToldAtEachTraceLevel)
 {
     for (const Use& use : uses()) {
@@ -84,7 +94,7 @@ TEST_P(SelectedNames, AreCapturedUpToTheBoundAndAskedForWhole)
 {
     for (Use use : everyOperation()) {
         for (const int count : {0, 1, 28, 29, 30, 31, 48, 49, 50, 51, 60}) {
-            use.selection->names = numberedNames("attribute", count);
+            use.selection->names = numberedNames(count);
             expectStory(0, use);
         }
         use.selection->names = {std::string(49, 'f'), std::string(50, 'l'), std::string(10000, 'e'), "last"};
@@ -98,7 +108,7 @@ TEST_P(SiteDefaults, AreUsedUpToTheBoundAndTheRestIsReported)
 {
     for (const int count : {0, 19, 20, 60}) {
         std::vector<Named> entries;
-        for (const std::string& name : numberedNames("attribute", count)) {
+        for (const std::string& name : numberedNames(count)) {
             entries.push_back({name, "value"});
         }
         for (Use use : everyOperation()) {
