@@ -34,8 +34,8 @@ std::vector<Exported> exportedOperations()
 {
     // Those that do nothing or are below.
     std::set<std::string> names{
-        "DestroyListOrReport", "ItemReferenceQuery", "MultiSaveCommit", "MultiSaveStart",
-        "Process_QV_RC",       "QvConnect",          "QvExit"};
+        "DestroyListOrReport", "ItemReferenceQuery", "MultiSaveCommit", "MultiSaveDiscard",
+        "MultiSaveStart",      "Process_QV_RC",      "QvConnect",       "QvExit"};
     std::vector<Exported> all;
     for (const operations::Story& story : operations::allStories()) {
         const operations::Scene& last = story.scenes.back();
@@ -85,8 +85,8 @@ void failCalls()
 {
     captureOutput([] { AffectedItemQuery(Text("1"), Names({"id"})); });
     MultiSaveStarted = 1;
-    for (const char* const function :
-         {"QV_Destroy_List", "QV_Start_Multisave", "QV_Commit_Multisave", "QV_Logoff"}) {
+    for (const char* const function : {"QV_Destroy_List", "QV_Start_Multisave", "QV_Commit_Multisave",
+                                       "QV_Discard_Multisave", "QV_Logoff"}) {
         standin::answer(function, -7, {{longText, longText}});
     }
 }
@@ -107,6 +107,12 @@ int readPrintList()
     return QV_PrintList::Next() + _AttrNames.Size() + _AttrValues.Size();
 }
 
+int printListValue()
+{
+    static const VELUnicodeString missing = "missing";
+    return QV_PrintList::GetValue(missing).IsNull() ? 0 : 1; // it is ""
+}
+
 std::vector<Exported> otherFunctions()
 {
     static Text text(longText);
@@ -117,8 +123,10 @@ std::vector<Exported> otherFunctions()
         {"QV_PrintList",
          [] { writeFile("parts.txt", "\n- of 1\nQV_Object[1]\n\n- [a] = [b]\n- [c] = [d]\n\n"); },
          readPrintList},
+        {"QV_PrintList_GetValue", [] {}, printListValue},
         {"MultiSaveStart", failCalls, MultiSaveStart},
         {"MultiSaveCommit", failCalls, [] { return MultiSaveCommit() + MultiSaveStarted; }},
+        {"MultiSaveDiscard", failCalls, [] { return MultiSaveDiscard() + MultiSaveStarted; }},
         {"DestroyListOrReport", failCalls, DestroyListOrReport, 1},
         {"QvExit", failCalls, QvExit, 1},
         {"QvConnect", connectWithALongPath, [] { return QvConnect("jdoe", "secret"); }},
