@@ -40,18 +40,13 @@ use GetAttributeValue RecNo=0 | AttNo=1
 log             desc = Stronger bracket
 9 @- Name=desc- Value=Stronger bracket-.
 now output=[desc | Stronger bracket | 1]
-use GetAttributeValue !RecNo=0 | !AttNo=1
-also AttNo=0
-9 @- LastRecNo=0- RecNo=0- AttNo=<AttNo>-.
-if AttNo=1: -! QV_Get_Object_Attr(obj, "desc") = 0
-if AttNo=0: -! QV_Get_Object_Attr(obj, "id") = 0
+use GetAttributeValue !RecNo=0 | !AttNo=0
+9 @- LastRecNo=0- RecNo=0- AttNo=0-.
+-! QV_Get_Object_Attr(obj, "id") = 0
 log            -----------------
-if AttNo=1: log             desc = Stronger bracket
-if AttNo=0: log             id = EC-1
-if AttNo=1: 9 @- Name=desc- Value=Stronger bracket-.
-if AttNo=0: 9 @- Name=id- Value=EC-1-.
-if AttNo=1: now output=[desc | Stronger bracket | 1]
-if AttNo=0: now output=[id | EC-1 | 0]
+log             id = EC-1
+9 @- Name=id- Value=EC-1-.
+now output=[id | EC-1 | 0]
 
 == GetAttributeValueAndGetValueOfAList
 record id=EC-0 desc=zero
