@@ -23,6 +23,20 @@ const ShownAttributes itemAttributes = {itemClass,
                                         {"logical_key@item_number", "il_ec_number", "name", "item_type",
                                          "description", "update_count", "db_object_id"}};
 
+const std::vector<Parameter> searchParameters = {
+    {"item", "Beginning of the item number, or \"=\" and the whole number", Need::Optional,
+     Parameter::Takes::ObjectNumber},
+    {"--ec CHANGE", "Number of a change that affects the item", Need::Optional,
+     Parameter::Takes::ObjectNumber},
+    {"--type CODE", "Item type code", Need::Optional, Parameter::Takes::SearchText},
+    {"--status", "Beginning of the status under the change", Need::Optional, Parameter::Takes::SearchText},
+    {"--name", "Beginning of the name", Need::Optional, Parameter::Takes::SearchText},
+    {"--description", "Beginning of the description", Need::Optional, Parameter::Takes::SearchText},
+    {"--sort-by-ec", "Sort by change number instead of item number", Need::Optional,
+     Parameter::Takes::Nothing},
+    {"--in-development", "Search items in development, whether a change affects them or not", Need::Optional,
+     Parameter::Takes::Nothing}};
+
 Outcome createItem(Call& call)
 {
     return call.object(ItemCreate(call.text("--ec"), call.text("item"), call.text("--name"),
@@ -141,19 +155,7 @@ CommandGroup itemCommands()
           "the status, the name and the description \"%\" stands for any text and \"_\" for any one "
           "character.",
           "velrzm item query A- --ec EC-100 --format json",
-          {{"item", "Beginning of the item number, or \"=\" and the whole number", Need::Optional,
-            Parameter::Takes::ObjectNumber},
-           {"--ec CHANGE", "Number of a change that affects the item", Need::Optional,
-            Parameter::Takes::ObjectNumber},
-           {"--type CODE", "Item type code", Need::Optional, Parameter::Takes::SearchText},
-           {"--status", "Beginning of the status under the change", Need::Optional,
-            Parameter::Takes::SearchText},
-           {"--name", "Beginning of the name", Need::Optional, Parameter::Takes::SearchText},
-           {"--description", "Beginning of the description", Need::Optional, Parameter::Takes::SearchText},
-           {"--sort-by-ec", "Sort by change number instead of item number", Need::Optional,
-            Parameter::Takes::Nothing},
-           {"--in-development", "Search items in development, whether a change affects them or not",
-            Need::Optional, Parameter::Takes::Nothing}},
+          searchParameters,
           {itemClass, {"logical_key@item_number", "name", "item_type", "description", "il_ec_number"}},
           queryItems},
          {"header",

@@ -24,7 +24,7 @@ bool isSwitchedOff = false;
 /** A pipe, whose ends are closed with this object at the latest. */
 class Pipe {
 public:
-    Pipe() { isOpen_ = pipe2(ends_.data(), O_CLOEXEC) == 0; }
+    Pipe() : isOpen_(pipe2(ends_.data(), O_CLOEXEC) == 0) {}
     ~Pipe()
     {
         closeWriting();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// Attribute names and values in the two forms that the operations take.
+// Texts in the two forms in which operations take attribute names and values; a program takes its words in the first.
 #ifndef VELRZM_TOOLS_PROCESS_ATTRIBUTE_NAMES_H
 #define VELRZM_TOOLS_PROCESS_ATTRIBUTE_NAMES_H
 

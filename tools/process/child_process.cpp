@@ -4,11 +4,13 @@
 #include <cerrno>
 #include <csignal>
 #include <thread>
+#include <utility>
 
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "tools/process/attribute_names.h"
 #include "tools/process/environment.h"
 
 namespace tools {
@@ -55,25 +57,15 @@ private:
     posix_spawnattr_t attributes_ = {};
 };
 
-std::vector<char*> pointersTo(std::vector<std::string>& texts)
-{
-    std::vector<char*> pointers;
-    for (std::string& text : texts) {
-        pointers.push_back(text.data());
-    }
-    pointers.push_back(nullptr);
-    return pointers;
-}
-
 } // namespace
 
 ChildProcess::ChildProcess(std::vector<std::string> words, int input, int output,
                            const std::vector<std::string>& variables)
 {
-    std::vector<std::string> environment = childEnvironment(variables);
-    startError_ =
-        posix_spawnp(&process_, words.front().c_str(), FileActions(input, output).get(),
-                     DefaultSignals().get(), pointersTo(words).data(), pointersTo(environment).data());
+    TextArray arguments(std::move(words));
+    TextArray environment(childEnvironment(variables));
+    startError_ = posix_spawnp(&process_, *arguments.data(), FileActions(input, output).get(),
+                               DefaultSignals().get(), arguments.data(), environment.data());
     if (startError_ != 0) {
         process_ = -1;
     }
