@@ -31,7 +31,7 @@ class Page(CommandTest):
         """What a script answers that uses the page."""
         file = self.directory / "page.html"
         file.write_text(page.replace("</body>", USE % script), encoding="utf-8")
-        run = subprocess.run(["chromium", "--headless", "--no-sandbox", "--disable-gpu", "--window-size=1200,600",
+        run = subprocess.run(["chromium", "--headless", "--no-sandbox", "--disable-gpu", "--disable-dev-shm-usage", "--window-size=1200,600",
                               f"--user-data-dir={self.directory}/browser", "--dump-dom", file.as_uri()],
                              capture_output=True, text=True, timeout=300, check=True,
                              env={**self.environment, "HOME": str(self.directory)})
