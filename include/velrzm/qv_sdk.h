@@ -12,7 +12,7 @@
 //     they stay valid until the object, list or table that they came from is changed, destroyed or read again.
 //  3. A handle is made by a create, read or generate function, which fills the caller's handle variable, and is
 //     released by the destroy function of its kind, which leaves the variable null.
-//  4. The interface is used from one thread at a time.
+//  4. The interface is used from one thread at a time, and not in a process that was forked after the logon.
 #ifndef VELRZM_QV_SDK_H
 #define VELRZM_QV_SDK_H
 

@@ -8,6 +8,7 @@
 //  2. A function that fails throws StoreError, whose text says what is wrong and what to do; the store is not changed
 //     then.
 //  3. The functions need no logon. Whoever may write the file administers the store.
+//  4. A process that was forked after a logon must not call them: the database takes the locks of its parent for its own.
 #ifndef VELRZM_QVLOCAL_H
 #define VELRZM_QVLOCAL_H
 
