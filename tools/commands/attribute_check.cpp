@@ -14,12 +14,37 @@ namespace tools {
 
 namespace {
 
-/** Empty where nobody can tell. */
+/** Empty where nobody can tell: there may be no store yet. */
 std::vector<qvlocal::AttributeName> knownAttributes(const std::string& className)
 {
-    const bool isTold = localServerServes() && !storeIsInMemory();
-    return isTold ? qvlocal::attributeNames(qvlocal::currentStore(), className)
-                  : std::vector<qvlocal::AttributeName>();
+    if (!localServerServes() || storeIsInMemory()) {
+        return {};
+    }
+    try {
+        return qvlocal::attributeNames(qvlocal::currentStore(), className);
+    } catch (const qvlocal::StoreError&) {
+        return {};
+    }
+}
+
+std::vector<std::string> pathsOf(const std::vector<qvlocal::AttributeName>& attributes)
+{
+    std::vector<std::string> paths;
+    paths.reserve(attributes.size());
+    for (const qvlocal::AttributeName& attribute : attributes) {
+        paths.push_back(attribute.path);
+    }
+    return paths;
+}
+
+bool contains(const std::vector<std::string>& names, const std::string& name)
+{
+    return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+void warnOfName(const std::string& className, const std::string& name, const std::vector<std::string>& near)
+{
+    writeNote("velrzm: no " + className + " has a value of " + quoted(name) + didYouMean(near) + "\n");
 }
 
 /** Whether all records, of which there are some, have an empty value in the column. */
@@ -59,14 +84,21 @@ void warnOfUnknownAttributes(const std::string& className, const std::vector<std
     if (suspects.empty()) {
         return;
     }
-    std::vector<std::string> known;
-    for (const qvlocal::AttributeName& attribute : knownAttributes(className)) {
-        known.push_back(attribute.path);
-    }
+    const std::vector<std::string> known = pathsOf(knownAttributes(className));
     for (const std::string& name : suspects) {
-        if (!known.empty() && std::find(known.begin(), known.end(), name) == known.end()) {
-            writeNote("velrzm: no " + className + " has a value of " + quoted(name) +
-                      didYouMean(nearest(name, known)) + "\n");
+        if (!known.empty() && !contains(known, name)) {
+            warnOfName(className, name, nearest(name, known));
+        }
+    }
+}
+
+void warnOfMisspeltAttributes(const std::string& className, const std::vector<std::string>& names)
+{
+    const std::vector<std::string> known = pathsOf(knownAttributes(className));
+    for (const std::string& name : names) {
+        const std::vector<std::string> near = nearest(name, known);
+        if (!contains(known, name) && !near.empty()) {
+            warnOfName(className, name, near);
         }
     }
 }

@@ -20,6 +20,10 @@ std::vector<std::string> attributesOf(const std::string& className);
 void warnOfUnknownAttributes(const std::string& className, const std::vector<std::string>& names,
                              const Records& records);
 
+/** Warns of those of `names` that no stored object of the class has, but one has a name that is almost the same. Any other
+ * unknown name is taken for that of a new attribute. */
+void warnOfMisspeltAttributes(const std::string& className, const std::vector<std::string>& names);
+
 } // namespace tools
 
 #endif

@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
 //
 // Defaults files: what an operation gets from them, and what is wrong with them.
+#include <map>
 #include <memory>
+#include <set>
+#include <string>
 #include <vector>
 
 #include <CLI/App.hpp>
 
 #include "config/defaults_file.h"
 #include "tools/command_line/command_line.h"
+#include "tools/commands/attribute_check.h"
 #include "tools/output/text.h"
 #include "tools/process/failures.h"
 #include "tools/site_files/defaults_check.h"
@@ -51,6 +55,23 @@ void show(const std::string& operation, const Settings& settings)
     }
 }
 
+/** Warns of attributes that may be misspelt; a site may have new ones, so they count as no problem. */
+void warnOfMisspeltEntries(std::vector<DefaultsEntry> entries, const std::vector<DefaultsEntry>& more)
+{
+    entries.insert(entries.end(), more.begin(), more.end());
+    std::map<std::string, std::set<std::string>> names; // of the attributes, by class
+    for (const DefaultsEntry& entry : entries) {
+        for (const DefaultsUse& use : usesOfEntries(entry.operation)) {
+            if (use.effect == DefaultsUse::Effect::SetOnObject && !entry.value.empty()) {
+                names[use.className].insert(entry.name);
+            }
+        }
+    }
+    for (const auto& [className, attributes] : names) {
+        warnOfMisspeltAttributes(className, {attributes.begin(), attributes.end()});
+    }
+}
+
 void check(const std::string& named, const Settings& settings)
 {
     const std::string first = named.empty() ? sharedFile() : named;
@@ -66,6 +87,7 @@ void check(const std::string& named, const Settings& settings)
         records.rows.push_back({problem.file, std::to_string(problem.line), problem.text});
     }
     writeRecords(records, Shape::List, settings.format);
+    warnOfMisspeltEntries(shared.value_or(none), local.value_or(none));
     if (!records.rows.empty()) {
         throw Refused(counted(records.rows.size(), "problem") + " in the defaults files");
     }

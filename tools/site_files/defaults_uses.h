@@ -18,6 +18,7 @@ struct DefaultsUse {
     const char* entries; // the operation that its entries in the files name
     Limit limit;
     Effect effect;
+    const char* className; // of the object that gets the defaults; "" where none does
     /** Attributes that it sets after the defaults, whatever it is given: a default of such a name is lost. */
     std::vector<std::string> setAfterwards = {};
 };
