@@ -7,6 +7,10 @@ import subprocess
 
 from command import CommandTest
 
+# Root has no sandbox, containers have little shared memory, and nothing here wants a network.
+BROWSER = ("chromium", "--headless", "--no-sandbox", "--disable-gpu", "--disable-dev-shm-usage", "--window-size=1200,600",
+           "--no-first-run", "--disable-background-networking", "--disable-component-update", "--disable-sync", "--disable-quic")
+
 USE = """<script>
 const key = name => list.dispatchEvent(new KeyboardEvent("keydown", {key: name}));
 const click = id => element(id).click();
@@ -31,8 +35,7 @@ class Page(CommandTest):
         """What a script answers that uses the page."""
         file = self.directory / "page.html"
         file.write_text(page.replace("</body>", USE % script), encoding="utf-8")
-        run = subprocess.run(["chromium", "--headless", "--no-sandbox", "--disable-gpu", "--disable-dev-shm-usage", "--window-size=1200,600",
-                              f"--user-data-dir={self.directory}/browser", "--dump-dom", file.as_uri()],
+        run = subprocess.run([*BROWSER, f"--user-data-dir={self.directory}/browser", "--dump-dom", file.as_uri()],
                              capture_output=True, text=True, timeout=300, check=True,
                              env={**self.environment, "HOME": str(self.directory)})
         return json.loads(html.unescape(re.search("<body>(.*)</body>", run.stdout, re.DOTALL)[1]))
