@@ -236,10 +236,13 @@ void backUpStore(const std::string& location, const std::string& file, Replace r
 
 void restoreStore(const std::string& file, const std::string& location, const CopyProgress& progress)
 {
-    const auto copy = SqliteStore::open(file);
     std::error_code ignored;
     const std::string path = fs::weakly_canonical(pathOfStore(location), ignored).string();
     make("nothing was restored at " + path, [&] {
+        if (!isThere(file)) {
+            fail(Failure::StoreFailure, "there is no file ", file, " to restore");
+        }
+        const auto copy = SqliteStore::open(file);
         checkPlace(file, path, Replace::Yes);
         fs::create_directories(folderOf(path), ignored);
         hold(path); // before anything is copied in vain
@@ -247,8 +250,8 @@ void restoreStore(const std::string& file, const std::string& location, const Co
         copy->copyTo(unfinished.path(), progress);
         unfinished.sync(permissionsOf(path, file));
         const auto held = hold(path);
-        removeWhatIsBeside(
-            path); // first, since it would change the restored store if the machine stopped in between
+        // First, since it would change the restored store if the machine stopped in between.
+        removeWhatIsBeside(path);
         unfinished.finish(held ? Replace::Yes : Replace::No);
     });
 }

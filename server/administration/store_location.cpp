@@ -38,7 +38,7 @@ std::string storeLocation()
 std::string defaultStoreLocation()
 {
     std::string folder = environment("XDG_DATA_HOME");
-    if (folder.empty() || folder.front() != '/') { // the XDG specification has relative paths ignored
+    if (folder.empty() || folder.front() != '/') { // by the convention a relative path counts as none
         const std::string home = environment("HOME");
         if (home.empty()) {
             fail(Failure::StoreMissing, "there is no place for a store: QV_STORE, XDG_DATA_HOME and HOME are "

@@ -44,6 +44,6 @@ file dot "#!/bin/sh\\n! env | grep '^VELRZM_PASSWORD' && echo drawn\\n"
 bom tree A --format svg -> drawn
 shell "(echo item; seq 501) >wide"
 import wide --ec EC-1 --top W
-bom tree W --format svg -> -3 502 items takes long to draw
+bom tree W --format svg -> -3 502 items takes a long time to draw
 bom tree W --format svg --force -> drawn
 """)

@@ -114,8 +114,8 @@ void requireDrawable(const ProductStructure& structure)
     constexpr std::size_t most = 500;
     if (structure.items.size() > most) {
         throw Refused("a picture of " + counted(structure.items.size(), "item") +
-                      " takes long to draw, more than " + std::to_string(most) +
-                      " are drawn with --force only; --level limits the number of levels");
+                      " takes a long time to draw; limit the levels with --level, or draw more than " +
+                      std::to_string(most) + " items with --force");
     }
 }
 
